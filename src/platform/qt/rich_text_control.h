@@ -1,0 +1,94 @@
+#pragma once
+
+#include "platform/result.h"
+#include "platform/units.h"
+#include "richtext/rich_text.h"
+
+#include <QTextEdit>
+
+#include <array>
+
+namespace snipdeck {
+
+/// The rich-text editing control behind every box, the large view, the cumulative box and the staging text.
+/// Positions and lengths count characters as the document does (UTF-16 units, one for a paragraph end).
+class RichTextControl : public QTextEdit {
+  Q_OBJECT
+
+ public:
+  explicit RichTextControl(QWidget* parent = nullptr);
+
+  /// The whole plain text, paragraphs separated by "\n".
+  QString Text() const;
+  /// Replaces everything by plain text in the control's default format; "" empties. The undo history starts anew.
+  void SetText(const QString& text);
+
+  int SelStart() const;
+  /// Moves the caret; the selection becomes empty. Out of range is clamped.
+  void SetSelStart(int position);
+  int SelLength() const;
+  /// Selects from the caret's start on; -1, and anything too long, reaches the end.
+  void SetSelLength(int length);
+  QString SelText() const;
+  /// Replaces the selection with plain text and leaves the caret behind it.
+  void SetSelText(const QString& text);
+  /// The selection as RTF; empty when nothing is selected.
+  QByteArray SelRtf() const;
+  /// Replaces the selection with formatted text and leaves the caret behind it.
+  void SetSelRtf(const QByteArray& rtf);
+  /// As SelRtf, without the way over bytes: how a text that was read once travels between controls.
+  RichText SelRichText() const;
+  void SetSelRichText(const RichText& text);
+
+  /// Attributes of the selection: 0 no, -1 yes; callers toggle by writing the bitwise negation.
+  int Bold() const;
+  void SetBold(int value);
+  int Italic() const;
+  void SetItalic(int value);
+  int Underline() const;
+  void SetUnderline(int value);
+  int Strikeout() const;
+  void SetStrikeout(int value);
+
+  /// 0 normal, 2 page view; kept as given.
+  int ViewMode() const { return m_viewMode; }
+  void SetViewMode(int mode) { m_viewMode = mode; }
+  int PageDisplayOption() const { return m_pageDisplayOption; }
+  void SetPageDisplayOption(int option) { m_pageDisplayOption = option; }
+  /// Indexed numbers of the host, 0 to 15; an index out of range reads 0 and writes nothing.
+  int ControlOption(int index) const;
+  void SetControlOption(int index, int value);
+
+  OleColour BackColor() const { return m_backColor; }
+  /// Colours the whole background. The default text colour is always a dark one, whatever the desktop's theme.
+  void SetBackColor(OleColour colour);
+
+  /// The changed flag that the host keeps.
+  bool Modified() const { return m_modified; }
+  void SetModified(bool modified) { m_modified = modified; }
+
+  /// Percent; 100 is the given size. 10 to 500, clamped.
+  int ZoomValue() const { return m_zoomValue; }
+  void SetZoomValue(int percent);
+
+  /// Forgets all undo and redo steps.
+  void ClearUndoHistory();
+
+ signals:
+  /// The user works in this control: it received the focus or a click.
+  void Activity();
+
+ protected:
+  void focusInEvent(QFocusEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+
+ private:
+  int m_viewMode = 0;
+  int m_pageDisplayOption = 0;
+  std::array<int, 16> m_controlOptions{};
+  OleColour m_backColor = OleFromRgb(255, 255, 255);
+  bool m_modified = false;
+  int m_zoomValue = 100;
+};
+
+}  // namespace snipdeck
