@@ -1,14 +1,21 @@
 #pragma once
 
+#include <array>
+#include <memory>
+
+#include <QPointer>
+#include <QTextEdit>
+
 #include "platform/result.h"
 #include "platform/units.h"
 #include "richtext/rich_text.h"
 
-#include <QTextEdit>
-
-#include <array>
-
 namespace snipdeck {
+
+class TXButtonBar;
+class TXRuler;
+class TXStatusBar;
+class ZoomedDevice;
 
 /// The rich-text editing control behind every box, the large view, the cumulative box and the staging text.
 /// Positions and lengths count characters as the document does (UTF-16 units, one for a paragraph end).
@@ -17,6 +24,7 @@ class RichTextControl : public QTextEdit {
 
  public:
   explicit RichTextControl(QWidget* parent = nullptr);
+  ~RichTextControl() override;
 
   /// The whole plain text, paragraphs separated by "\n".
   QString Text() const;
@@ -39,6 +47,10 @@ class RichTextControl : public QTextEdit {
   /// As SelRtf, without the way over bytes: how a text that was read once travels between controls.
   RichText SelRichText() const;
   void SetSelRichText(const RichText& text);
+  /// Add at the end: as if the caret stood there and, for plain text, the default format were chosen. The caret ends up
+  /// behind the new text.
+  void AppendText(const QString& text);
+  void AppendRichText(const RichText& text);
 
   /// Attributes of the selection: 0 no, -1 yes; callers toggle by writing the bitwise negation.
   int Bold() const;
@@ -49,6 +61,12 @@ class RichTextControl : public QTextEdit {
   void SetUnderline(int value);
   int Strikeout() const;
   void SetStrikeout(int value);
+
+  /// Marks for blanks, tabs and paragraph ends.
+  bool ShowFormatting() const;
+  void SetShowFormatting(bool show);
+  /// 1 cut, 2 copy, 3 paste; any other number does nothing.
+  void ClipboardAction(int action);
 
   /// 0 normal, 2 page view; kept as given.
   int ViewMode() const { return m_viewMode; }
@@ -67,28 +85,49 @@ class RichTextControl : public QTextEdit {
   bool Modified() const { return m_modified; }
   void SetModified(bool modified) { m_modified = modified; }
 
-  /// Percent; 100 is the given size. 10 to 500, clamped.
+  /// Percent; 100 is the given size. 10 to 500, clamped. Changes how large the text is drawn, never what is stored.
   int ZoomValue() const { return m_zoomValue; }
   void SetZoomValue(int percent);
 
   /// Forgets all undo and redo steps.
   void ClearUndoHistory();
 
+  /// Attach a companion to this control, in place of the one before; nullptr detaches. Companions are not owned.
+  void SetRulerHandle(TXRuler* ruler);
+  void SetButtonBarHandle(TXButtonBar* bar);
+  void SetStatusBarHandle(TXStatusBar* bar);
+
+  /// Pictures come from data: addresses and from what the document already holds; nothing is fetched or opened.
+  QVariant loadResource(int type, const QUrl& name) override;
+
  signals:
   /// The user works in this control: it received the focus or a click.
   void Activity();
+  void ZoomChanged(int percent);
 
  protected:
   void focusInEvent(QFocusEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  QMimeData* createMimeDataFromSelection() const override;
+  bool canInsertFromMimeData(const QMimeData* source) const override;
+  void insertFromMimeData(const QMimeData* source) override;
 
  private:
+  void ApplyPalette();
+  int LastPosition() const;
+  bool SelectionHas(bool (*attribute)(const QTextCharFormat&)) const;
+
   int m_viewMode = 0;
   int m_pageDisplayOption = 0;
   std::array<int, 16> m_controlOptions{};
   OleColour m_backColor = OleFromRgb(255, 255, 255);
   bool m_modified = false;
   int m_zoomValue = 100;
+  std::unique_ptr<ZoomedDevice> m_zoomedDevice;
+  QPointer<TXRuler> m_ruler;
+  QPointer<TXButtonBar> m_buttonBar;
+  QPointer<TXStatusBar> m_statusBar;
 };
 
 }  // namespace snipdeck

@@ -1,0 +1,325 @@
+#include "platform/qt/rich_text_control.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QFontDatabase>
+#include <QImage>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QWheelEvent>
+
+#include "platform/qt/rich_text_mime.h"
+#include "platform/qt/zoomed_device.h"
+#include "richtext/format_properties.h"
+
+namespace snipdeck {
+namespace {
+
+constexpr int kDefaultPointSize = 10;
+constexpr int kDocumentMargin = 3;   // pixels
+constexpr double kTabDistance = 48;  // pixels: half an inch, what RTF means when it names no tab stops
+constexpr int kZoomStep = 10;        // percent for a notch of the wheel
+constexpr QTextOption::Flags kFormattingMarks =
+    QTextOption::ShowTabsAndSpaces | QTextOption::ShowLineAndParagraphSeparators;
+
+bool IsBold(const QTextCharFormat& format) {
+  return format.fontWeight() >= QFont::DemiBold;
+}
+bool IsItalic(const QTextCharFormat& format) {
+  return format.fontItalic();
+}
+bool IsUnderlined(const QTextCharFormat& format) {
+  return format.underlineStyle() != QTextCharFormat::NoUnderline;
+}
+bool IsStruckOut(const QTextCharFormat& format) {
+  return format.fontStrikeOut();
+}
+
+// One character stays one character, so that indexes into the result are positions in the document.
+QString PlainFromRaw(QString raw) {
+  for (QChar& c : raw) {
+    const char16_t code = c.unicode();
+    if (code == QChar::ParagraphSeparator || code == QChar::LineSeparator || code == 0xFDD0 || code == 0xFDD1)
+      c = u'\n';
+  }
+  return raw;
+}
+
+QFont DefaultFont() {
+  QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
+  font.setPointSize(kDefaultPointSize);
+  return font;
+}
+
+QImage PlaceholderImage() {
+  QImage image(16, 16, QImage::Format_ARGB32);
+  image.fill(QColor(128, 128, 128, 64));
+  return image;
+}
+
+}  // namespace
+
+RichTextControl::RichTextControl(QWidget* parent)
+    : QTextEdit(parent), m_zoomedDevice(std::make_unique<ZoomedDevice>(*viewport())) {
+  setAcceptRichText(true);
+  setFont(DefaultFont());
+  setTabStopDistance(kTabDistance);
+  document()->setDocumentMargin(kDocumentMargin);
+  document()->documentLayout()->setPaintDevice(m_zoomedDevice.get());
+  ApplyPalette();
+}
+
+RichTextControl::~RichTextControl() {
+  document()->documentLayout()->setPaintDevice(viewport());
+}
+
+QString RichTextControl::Text() const {
+  return PlainFromRaw(document()->toRawText());
+}
+
+void RichTextControl::SetText(const QString& text) {
+  QTextDocument* const content = document();
+  content->setUndoRedoEnabled(false);
+  content->clear();
+  content->setPlainText(text);
+  content->setUndoRedoEnabled(true);
+  setTextCursor(QTextCursor(content));
+}
+
+int RichTextControl::LastPosition() const {
+  return document()->characterCount() - 1;
+}
+
+int RichTextControl::SelStart() const {
+  return textCursor().selectionStart();
+}
+
+void RichTextControl::SetSelStart(int position) {
+  QTextCursor cursor = textCursor();
+  cursor.setPosition(std::clamp(position, 0, LastPosition()));
+  setTextCursor(cursor);
+}
+
+int RichTextControl::SelLength() const {
+  const QTextCursor cursor = textCursor();
+  return cursor.selectionEnd() - cursor.selectionStart();
+}
+
+void RichTextControl::SetSelLength(int length) {
+  QTextCursor cursor = textCursor();
+  const int start = cursor.selectionStart();
+  const int rest = LastPosition() - start;
+  cursor.setPosition(start);
+  cursor.setPosition(start + (length < 0 ? rest : std::min(length, rest)), QTextCursor::KeepAnchor);
+  setTextCursor(cursor);
+}
+
+QString RichTextControl::SelText() const {
+  return PlainFromRaw(textCursor().selectedText());
+}
+
+void RichTextControl::SetSelText(const QString& text) {
+  QTextCursor cursor = textCursor();
+  cursor.insertText(text);
+  setTextCursor(cursor);
+}
+
+QByteArray RichTextControl::SelRtf() const {
+  return textCursor().hasSelection() ? SelRichText().Rtf() : QByteArray();
+}
+
+void RichTextControl::SetSelRtf(const QByteArray& rtf) {
+  SetSelRichText(RichText::FromRtf(rtf));
+}
+
+RichText RichTextControl::SelRichText() const {
+  const QTextCursor cursor = textCursor();
+  if (!cursor.hasSelection()) return {};
+  return RichText::FromDocument(*document(), cursor.selectionStart(), cursor.selectionEnd());
+}
+
+void RichTextControl::SetSelRichText(const RichText& text) {
+  QTextCursor cursor = textCursor();
+  text.InsertAt(cursor);
+  setTextCursor(cursor);
+}
+
+void RichTextControl::AppendText(const QString& text) {
+  QTextCursor cursor(document());
+  cursor.movePosition(QTextCursor::End);
+  cursor.insertText(text, QTextCharFormat());
+  setTextCursor(cursor);
+}
+
+void RichTextControl::AppendRichText(const RichText& text) {
+  QTextCursor cursor(document());
+  cursor.movePosition(QTextCursor::End);
+  text.InsertAt(cursor);
+  setTextCursor(cursor);
+}
+
+bool RichTextControl::SelectionHas(bool (*attribute)(const QTextCharFormat&)) const {
+  const QTextCursor cursor = textCursor();
+  const int end = cursor.selectionEnd();
+  bool sawText = false;
+  for (QTextBlock block = document()->findBlock(cursor.selectionStart()); block.isValid() && block.position() < end;
+       block = block.next()) {
+    for (auto it = block.begin(); !it.atEnd(); ++it) {
+      const QTextFragment fragment = it.fragment();
+      if (fragment.position() >= end || fragment.position() + fragment.length() <= cursor.selectionStart()) continue;
+      if (!attribute(fragment.charFormat())) return false;
+      sawText = true;
+    }
+  }
+  return sawText && cursor.hasSelection() ? true : attribute(currentCharFormat());
+}
+
+int RichTextControl::Bold() const {
+  return SelectionHas(IsBold) ? -1 : 0;
+}
+
+void RichTextControl::SetBold(int value) {
+  QTextCharFormat change;
+  change.setFontWeight(value != 0 ? QFont::Bold : QFont::Normal);
+  mergeCurrentCharFormat(change);
+}
+
+int RichTextControl::Italic() const {
+  return SelectionHas(IsItalic) ? -1 : 0;
+}
+
+void RichTextControl::SetItalic(int value) {
+  QTextCharFormat change;
+  change.setFontItalic(value != 0);
+  mergeCurrentCharFormat(change);
+}
+
+int RichTextControl::Underline() const {
+  return SelectionHas(IsUnderlined) ? -1 : 0;
+}
+
+void RichTextControl::SetUnderline(int value) {
+  QTextCharFormat change;
+  change.setFontUnderline(value != 0);
+  change.setProperty(kUnderlineKind, static_cast<int>(UnderlineKind::None));
+  mergeCurrentCharFormat(change);
+}
+
+int RichTextControl::Strikeout() const {
+  return SelectionHas(IsStruckOut) ? -1 : 0;
+}
+
+void RichTextControl::SetStrikeout(int value) {
+  QTextCharFormat change;
+  change.setFontStrikeOut(value != 0);
+  change.setProperty(kDoubleStrike, false);
+  mergeCurrentCharFormat(change);
+}
+
+bool RichTextControl::ShowFormatting() const {
+  return document()->defaultTextOption().flags().testFlag(QTextOption::ShowTabsAndSpaces);
+}
+
+void RichTextControl::SetShowFormatting(bool show) {
+  QTextOption option = document()->defaultTextOption();
+  option.setFlags(show ? option.flags() | kFormattingMarks : option.flags() & ~kFormattingMarks);
+  document()->setDefaultTextOption(option);
+}
+
+void RichTextControl::ClipboardAction(int action) {
+  if (action == 1) cut();
+  if (action == 2) copy();
+  if (action == 3) paste();
+}
+
+int RichTextControl::ControlOption(int index) const {
+  const bool valid = index >= 0 && index < static_cast<int>(m_controlOptions.size());
+  return valid ? m_controlOptions[static_cast<std::size_t>(index)] : 0;
+}
+
+void RichTextControl::SetControlOption(int index, int value) {
+  const bool valid = index >= 0 && index < static_cast<int>(m_controlOptions.size());
+  if (valid) m_controlOptions[static_cast<std::size_t>(index)] = value;
+}
+
+void RichTextControl::SetBackColor(OleColour colour) {
+  if (colour == m_backColor) return;
+  m_backColor = colour;
+  ApplyPalette();
+}
+
+// Every colour that shows beside text is set, so that none of them comes from the desktop's theme.
+void RichTextControl::ApplyPalette() {
+  QPalette colours = palette();
+  const auto set = [&](QPalette::ColorRole role, const QColor& colour) {
+    colours.setColor(QPalette::All, role, colour);
+  };
+  set(QPalette::Base, m_backColor >= 0 ? ColourFromOle(m_backColor) : QColor(Qt::white));
+  set(QPalette::Text, Qt::black);
+  set(QPalette::PlaceholderText, QColor(96, 96, 96));
+  set(QPalette::Highlight, QColor(0, 92, 175));
+  set(QPalette::HighlightedText, Qt::white);
+  set(QPalette::Link, QColor(0, 0, 192));
+  set(QPalette::LinkVisited, QColor(96, 0, 128));
+  colours.setColor(QPalette::Inactive, QPalette::Highlight, QColor(184, 208, 232));
+  colours.setColor(QPalette::Inactive, QPalette::HighlightedText, Qt::black);
+  setPalette(colours);
+}
+
+void RichTextControl::SetZoomValue(int percent) {
+  const int zoom = std::clamp(percent, 10, 500);
+  if (zoom == m_zoomValue) return;
+  m_zoomValue = zoom;
+  m_zoomedDevice->SetPercent(zoom);
+  document()->markContentsDirty(0, document()->characterCount());
+  emit ZoomChanged(zoom);
+}
+
+// Switching the history off and on also gives back the room of text that only the history still held.
+void RichTextControl::ClearUndoHistory() {
+  document()->setUndoRedoEnabled(false);
+  document()->setUndoRedoEnabled(true);
+}
+
+// An address that yields nothing would be looked up on the disk, so a small grey square is given for it.
+QVariant RichTextControl::loadResource(int type, const QUrl& name) {
+  if (type != QTextDocument::ImageResource) return QByteArray("");
+  if (name.scheme().compare(QLatin1String("data"), Qt::CaseInsensitive) == 0) {
+    QTextDocument decoder;
+    const QVariant picture = decoder.resource(type, name);
+    if (!picture.value<QPixmap>().isNull()) return picture;
+  }
+  return PlaceholderImage();
+}
+
+void RichTextControl::focusInEvent(QFocusEvent* event) {
+  QTextEdit::focusInEvent(event);
+  emit Activity();
+}
+
+void RichTextControl::mousePressEvent(QMouseEvent* event) {
+  QTextEdit::mousePressEvent(event);
+  emit Activity();
+}
+
+void RichTextControl::wheelEvent(QWheelEvent* event) {
+  if (event->modifiers() != Qt::ControlModifier) return QTextEdit::wheelEvent(event);
+  const int turned = event->angleDelta().y();
+  if (turned != 0) SetZoomValue(m_zoomValue + (turned > 0 ? kZoomStep : -kZoomStep));
+  event->accept();
+}
+
+QMimeData* RichTextControl::createMimeDataFromSelection() const {
+  return new RichTextMime(SelRichText());
+}
+
+bool RichTextControl::canInsertFromMimeData(const QMimeData* source) const {
+  return OffersText(*source);
+}
+
+void RichTextControl::insertFromMimeData(const QMimeData* source) {
+  if (isReadOnly()) return;
+  if (const auto text = RichTextFromMime(*source)) SetSelRichText(*text);
+}
+
+}  // namespace snipdeck
