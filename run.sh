@@ -1,0 +1,24 @@
+#!/usr/bin/env bash
+# run.sh [--demo] [OPTIONS OF THE PROGRAM]: installs what is missing, builds the release and starts the program.
+# Without a display, or with --demo, it shows what the program does instead: on a private display other programs copy, and
+# the boxes are read and photographed into build/demo. Your own clipboard and files are not touched by that.
+set -euo pipefail
+cd "$(dirname "$0")"
+
+demo=
+if [ "${1:-}" = --demo ]; then
+  demo=yes
+  shift
+elif [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+  echo "There is no display here: showing the demonstration on a private one."
+  demo=yes
+fi
+
+scripts/packages.sh build run ${demo:+display}
+cmake --preset release -DSNIPDECK_TESTS=OFF
+cmake --build --preset release --target qm_snipdeck
+
+if [ -n "$demo" ]; then
+  exec scripts/private_display.sh /usr/bin/python3 scripts/demo.py build/release/bin/qm_snipdeck build/demo
+fi
+exec build/release/bin/qm_snipdeck "$@"
