@@ -1,0 +1,95 @@
+#pragma once
+
+#include <memory>
+#include <span>
+#include <vector>
+
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include "platform/clipboard.h"
+#include "platform/x11/selection_transfer.h"
+
+namespace snipdeck {
+
+/// Hands out the properties in which owners put their data. A property comes back only when nothing more can arrive in
+/// it.
+class PropertyPool {
+ public:
+  explicit PropertyPool(XConnection& connection) : m_connection(connection) {}
+  xcb_atom_t Take();
+  void GiveBack(xcb_atom_t property) { m_free.push_back(property); }
+
+ private:
+  XConnection& m_connection;
+  std::vector<xcb_atom_t> m_free;
+  int m_made = 0;
+};
+
+/// Reads what one change put on the clipboard: the list of targets, the owner's secrecy hint, then rich text, text and
+/// file list side by side. Finished() comes exactly once, also when the owner hangs, lies or dies.
+class SnapshotReader : public QObject {
+  Q_OBJECT
+
+ public:
+  SnapshotReader(XConnection& connection, PropertyPool& pool, xcb_timestamp_t time, TransferLimits limits);
+  /// Finished from the start: contents that needed no reading.
+  SnapshotReader(XConnection& connection, PropertyPool& pool, ClipboardSnapshot contents);
+  ~SnapshotReader() override;
+
+  void HandleNotify(const xcb_selection_notify_event_t& event);
+  void HandleProperty(const xcb_property_notify_event_t& event);
+  /// A newer change has come: what is not read soon is given up.
+  void Supersede();
+  /// The owner's window is gone: what has not arrived never will.
+  void OwnerGone();
+
+  bool IsFinished() const { return m_stage == Stage::Finished; }
+  bool WasSuperseded() const { return m_superseded; }
+  /// False if nothing could be read, or if the contents are secret.
+  bool HasContents() const;
+  const ClipboardSnapshot& Snapshot() const { return m_snapshot; }
+
+ signals:
+  void Finished();
+
+ private:
+  enum class Stage { Targets, Secrecy, Contents, Finished };
+
+  SelectionTransfer* Ask(const QByteArray& target);
+  void AskForTargets();
+  void AskForContents();
+  void AskForNextRichText();
+  void Advance();
+  void TargetsArrived();
+  void SecrecyArrived();
+  void ContentsArrived();
+  bool IsOffered(const char* target);
+  bool AnyOffered(std::span<const char* const> targets);
+  void NoteKinds();
+  void Progressed();
+  void AbandonAll(const QString& why);
+  void Finish();
+
+  XConnection& m_connection;
+  PropertyPool& m_pool;
+  xcb_timestamp_t m_time = XCB_CURRENT_TIME;
+  TransferLimits m_limits;
+  Stage m_stage = Stage::Targets;
+  bool m_superseded = false;
+  std::vector<std::unique_ptr<SelectionTransfer>> m_transfers;
+  std::vector<xcb_atom_t> m_offered;
+  std::vector<QByteArray> m_richTextLeft;
+  SelectionTransfer* m_targets = nullptr;
+  SelectionTransfer* m_secrecy = nullptr;
+  SelectionTransfer* m_richText = nullptr;
+  SelectionTransfer* m_text = nullptr;
+  SelectionTransfer* m_files = nullptr;
+  QByteArray m_richTextTarget;
+  QByteArray m_textTarget;
+  ClipboardSnapshot m_snapshot;
+  QTimer m_stallTimer;
+  QTimer m_supersededTimer;
+};
+
+}  // namespace snipdeck

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <deque>
+
+#include "platform/change_watch.h"
+#include "platform/clipboard.h"
+#include "platform/x11/snapshot_reader.h"
+
+struct xcb_xfixes_selection_notify_event_t;
+
+namespace snipdeck {
+
+/// Watches the clipboard of an X server through XFixes and reads every change in the background, several at a time,
+/// each bounded. Changes are told in the order in which they were made. What the clipboard holds when the watch starts
+/// is told as the first change, since reading it takes another program's answer too.
+class X11ClipboardWatch : public QObject, public ChangeWatch, public Clipboard {
+  Q_OBJECT
+
+ public:
+  explicit X11ClipboardWatch(TransferLimits limits = {}, QObject* parent = nullptr);
+  ~X11ClipboardWatch() override;
+
+  /// False without an X server or where it has no XFixes; then no change is ever told.
+  bool IsWorking() const { return m_firstFixesEvent != 0; }
+
+  void StartWatching(Handler onChange) override;
+  void StopWatching() override;
+
+  bool HasFormat(ClipboardFormat format) const override;
+  RichTextPayload RichText() const override { return m_current.richText; }
+  QString Text() const override { return m_current.text; }
+  QStringList FileList() const override { return m_current.files; }
+
+ private:
+  void SelectEvents(uint32_t mask);
+  void HandleEvent(const xcb_generic_event_t* event);
+  void HandleOwnerChange(const xcb_xfixes_selection_notify_event_t& event);
+  void BeginReading(xcb_timestamp_t time);
+  void TellFinished();
+  bool FrontMayEchoNext() const;
+
+  XConnection m_connection;
+  PropertyPool m_pool;
+  TransferLimits m_limits;
+  uint8_t m_firstFixesEvent = 0;
+  Handler m_onChange;
+  std::deque<std::unique_ptr<SnapshotReader>> m_readers;
+  ClipboardSnapshot m_current;
+  bool m_telling = false;
+};
+
+}  // namespace snipdeck
