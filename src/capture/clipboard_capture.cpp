@@ -1,0 +1,104 @@
+#include "capture/clipboard_capture.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QTextCursor>
+
+namespace snipdeck {
+
+namespace {
+
+/// The focus never leaves a text that the user may be typing in for one that cannot be seen.
+void FocusIfShown(RichTextControl& control) {
+  const QWidget* focused = QApplication::focusWidget();
+  const bool typingElsewhere = qobject_cast<const RichTextControl*>(focused) && focused != &control;
+  if (control.isVisible() && !typingElsewhere) control.setFocus();
+}
+
+/// What ended with a list item or a centred line must not make the next capture one.
+void ResetLastParagraph(RichTextControl& control) {
+  QTextCursor end(control.document());
+  end.movePosition(QTextCursor::End);
+  end.setBlockFormat(QTextBlockFormat());
+  end.setBlockCharFormat(QTextCharFormat());
+}
+
+}  // namespace
+
+ClipboardCapture::ClipboardCapture(BoxSet& boxes, const Clipboard& clipboard, const std::int16_t& startWithCumulative)
+    : m_boxes(boxes), m_clipboard(clipboard), m_startWithCumulative(startWithCumulative) {}
+
+void ClipboardCapture::ProcessClipboard() {
+  if (CaptureIsOff()) return;
+  NameKind();
+  if (!m_clipboard.HasFormat(kFormatRichText) && !m_clipboard.HasFormat(kFormatText)) return StageFileNames();
+  StageContents();
+  AdvanceRing();
+  AppendToCumulative();
+  FileIntoBox();
+}
+
+bool ClipboardCapture::CaptureIsOff() const {
+  return m_boxes.Frame1->isVisible() && m_startWithCumulative != 1;
+}
+
+void ClipboardCapture::NameKind() {
+  static constexpr struct {
+    ClipboardFormat format;
+    const char* name;
+  } kinds[] = {{kFormatRichText, "RTF text"},
+               {kFormatText, "plain text"},
+               {kFormatBitmap, "image"},
+               {kFormatFileList, "file/folder names"}};
+  for (const auto& kind : kinds) {
+    if (m_clipboard.HasFormat(kind.format)) return m_boxes.lblFormat->setText(QString::fromLatin1(kind.name));
+  }
+}
+
+void ClipboardCapture::StageFileNames() {
+  if (!m_clipboard.HasFormat(kFormatFileList)) return;
+  QString names;
+  for (const QString& name : m_clipboard.FileList()) names += name + QStringLiteral("\r\n");
+  m_boxes.txtView.SetText(names);
+}
+
+void ClipboardCapture::StageContents() {
+  const RichTextPayload payload = m_clipboard.RichText();
+  if (payload.encoding == RichTextPayload::Encoding::Rtf) {
+    m_boxes.txtView.SetSelRtf(RichText::FromRtf(payload.bytes));
+  } else if (payload.encoding == RichTextPayload::Encoding::Html) {
+    m_boxes.txtView.SetSelRtf(RichText::FromHtml(payload.bytes));
+  } else {
+    m_boxes.txtView.SetText(m_clipboard.Text());
+  }
+}
+
+void ClipboardCapture::AdvanceRing() {
+  m_boxes.CurrentBox = static_cast<std::int16_t>(m_boxes.CurrentBox < kBoxCount ? m_boxes.CurrentBox + 1 : 1);
+}
+
+void ClipboardCapture::AppendToCumulative() {
+  RichTextControl& cumulative = m_boxes.TXTextControl2();
+  FocusIfShown(cumulative);
+  if (m_clipboard.HasFormat(kFormatRichText)) {
+    cumulative.AppendRichText(m_boxes.txtView.SelRtf());
+  } else {
+    cumulative.AppendText(m_boxes.txtView.Text());
+  }
+  cumulative.AppendText(QStringLiteral("\n"));
+  ResetLastParagraph(cumulative);
+  cumulative.ClearUndoHistory();
+}
+
+void ClipboardCapture::FileIntoBox() {
+  for (int n = 1; n <= kBoxCount; ++n) m_boxes.Box(n).SetBackColor(kBoxColour);
+  const RichText captured = m_boxes.txtView.SelRtf();
+  m_boxes.CapturedRtf[static_cast<size_t>(m_boxes.CurrentBox)] = captured;
+  RichTextControl& box = m_boxes.Box(m_boxes.CurrentBox);
+  box.SetText(QString());
+  box.SetBackColor(kLatestBoxColour);
+  box.SetSelRichText(captured);
+  box.ClearUndoHistory();
+}
+
+}  // namespace snipdeck
