@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include <QTextCharFormat>
+#include <QTextBlock>
+#include <QTextList>
+
+#include "richtext/format_properties.h"
 
 namespace snipdeck {
 namespace {
@@ -26,12 +29,26 @@ QStringList FontFamilies(const QTextCharFormat& format, const QFont& defaults) {
   return families.isEmpty() || families.first().isEmpty() ? defaults.families() : families;
 }
 
+bool HasPointSize(const QTextCharFormat& format) {
+  return format.hasProperty(QTextFormat::FontPointSize) || format.hasProperty(QTextFormat::FontPixelSize);
+}
+
 double PointSize(const QTextCharFormat& format, const QFont& defaults) {
   if (format.hasProperty(QTextFormat::FontPointSize)) return format.fontPointSize();
   if (format.hasProperty(QTextFormat::FontPixelSize)) {
     return format.intProperty(QTextFormat::FontPixelSize) * kPointsPerPixel;
   }
   return OwnPointSize(defaults);
+}
+
+ListPlace PlaceInList(const QTextBlock& block) {
+  const QTextList* const list = block.textList();
+  if (!list) return {};
+  const QTextListFormat format = list->format();
+  const int level = format.hasProperty(kListLevel) ? format.intProperty(kListLevel) : format.indent() - 1;
+  // Lists without an id of the text's own are told apart by Qt's, kept clear of the others.
+  const int id = format.hasProperty(kListId) ? format.intProperty(kListId) : -1 - list->objectIndex();
+  return {std::clamp(level, 0, 8), id};
 }
 
 }  // namespace snipdeck

@@ -3,6 +3,7 @@
 #include <QFont>
 #include <QStringList>
 
+class QTextBlock;
 class QTextCharFormat;
 
 namespace snipdeck {
@@ -12,7 +13,16 @@ int TwipsFromLength(double pixels);
 
 /// The font families of a format, else those of `defaults`; never empty.
 QStringList FontFamilies(const QTextCharFormat& format, const QFont& defaults);
+/// Whether a format has a font size of its own.
+bool HasPointSize(const QTextCharFormat& format);
 /// The font size in points of a format, else that of `defaults`.
 double PointSize(const QTextCharFormat& format, const QFont& defaults);
+
+/// Where a paragraph of a list stands: the depth from 0, and what tells its list from others.
+struct ListPlace {
+  int level = 0;
+  int id = 0;  ///< 0 when the paragraph is in no list
+};
+ListPlace PlaceInList(const QTextBlock& block);
 
 }  // namespace snipdeck

@@ -8,6 +8,7 @@
 #include "richtext/rtf_reader.h"
 #include "richtext/rtf_writer.h"
 #include "richtext/safe_document.h"
+#include "richtext/text_decoder.h"
 #include "richtext/text_writer.h"
 
 namespace snipdeck {
@@ -36,7 +37,7 @@ RichText RichText::FromHtml(QByteArrayView html) {
 
 RichText RichText::FromPlainText(const QString& text) {
   auto data = std::make_shared<Data>();
-  data->document.setPlainText(text);
+  data->document.setPlainText(CleanText(text));
   return RichText(std::move(data));
 }
 

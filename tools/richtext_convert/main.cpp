@@ -1,0 +1,137 @@
+// Converts a text from one format to another, as the program itself would load and save it.
+
+#include <cstdio>
+#include <optional>
+
+#include <QCommandLineParser>
+#include <QFile>
+#include <QGuiApplication>
+#include <QSaveFile>
+
+#include "richtext/html_writer.h"
+#include "richtext/rich_text.h"
+#include "richtext/rtf_writer.h"
+#include "richtext/text_decoder.h"
+#include "richtext/text_writer.h"
+#include "storage/file_types.h"
+
+using namespace snipdeck;
+
+namespace {
+
+enum ExitCode { kConverted = 0, kUsage = 1, kCannotRead = 2, kCannotWrite = 3 };
+
+struct Task {
+  QString input;
+  QString output;
+  FileFormat from = FileFormat::PlainText;
+  FileFormat to = FileFormat::PlainText;
+  bool labels = false;
+};
+
+void Say(const QString& message) {
+  std::fprintf(stderr, "richtext_convert: %s\n", qPrintable(message));
+}
+
+std::optional<RichText> Read(FileFormat format, const QByteArray& bytes) {
+  switch (format) {
+    case FileFormat::Rtf:
+      return RichText::FromRtf(bytes, ReadFor::Document);
+    case FileFormat::Html:
+      return RichText::FromHtml(bytes);
+    case FileFormat::PlainText:
+      return RichText::FromPlainText(DecodeText(bytes));
+    default:
+      return std::nullopt;
+  }
+}
+
+std::optional<QByteArray> Write(const RichText& text, const Task& task) {
+  switch (task.to) {
+    case FileFormat::Rtf:
+      return text.Rtf();
+    case FileFormat::Html:
+      return WriteHtml(text.Document());
+    case FileFormat::PlainText:
+      return WriteText(text.Document(), 0, -1, task.labels).toUtf8();
+    default:
+      return std::nullopt;
+  }
+}
+
+QString Save(const QString& name, const QByteArray& bytes) {
+  if (name == QLatin1String("-")) {
+    QFile output;
+    const bool written = output.open(stdout, QIODevice::WriteOnly) && output.write(bytes) == bytes.size();
+    return written && output.flush() ? QString() : output.errorString();
+  }
+  QSaveFile output(name);
+  const bool written = output.open(QIODevice::WriteOnly) && output.write(bytes) == bytes.size() && output.commit();
+  return written ? QString() : output.errorString();
+}
+
+ExitCode Convert(const Task& task) {
+  QFile input(task.input);
+  if (!(task.input == QLatin1String("-") ? input.open(stdin, QIODevice::ReadOnly) : input.open(QIODevice::ReadOnly))) {
+    Say(QStringLiteral("cannot read \"%1\": %2").arg(task.input, input.errorString()));
+    return kCannotRead;
+  }
+  const std::optional<RichText> text = Read(task.from, input.readAll());
+  if (!text) {
+    Say(QStringLiteral("cannot read format %1 (\"%2\")").arg(static_cast<int>(task.from)).arg(task.input));
+    return kCannotRead;
+  }
+  for (const QString& warning : text->Warnings()) Say(QStringLiteral("%1: %2").arg(task.input, warning));
+  const std::optional<QByteArray> bytes = Write(*text, task);
+  if (!bytes) {
+    Say(QStringLiteral("cannot write format %1 (\"%2\")").arg(static_cast<int>(task.to)).arg(task.output));
+    return kCannotWrite;
+  }
+  const QString failure = Save(task.output, *bytes);
+  if (failure.isEmpty()) return kConverted;
+  Say(QStringLiteral("cannot write \"%1\": %2").arg(task.output, failure));
+  return kCannotWrite;
+}
+
+std::optional<FileFormat> FormatOption(const QString& value, FileFormat byName) {
+  if (value.isEmpty()) return byName;
+  bool isNumber = false;
+  const short code = value.toShort(&isNumber);
+  return isNumber ? std::optional(static_cast<FileFormat>(code)) : std::nullopt;
+}
+
+std::optional<Task> TaskFromArguments(const QStringList& arguments) {
+  QCommandLineParser parser;
+  parser.setApplicationDescription(QStringLiteral("Converts a text between formats, by the ends of the files' names."));
+  parser.addHelpOption();
+  parser.addPositionalArgument(QStringLiteral("IN"), QStringLiteral("File to read; - for standard input."));
+  parser.addPositionalArgument(QStringLiteral("OUT"), QStringLiteral("File to write; - for standard output."));
+  const QString codes = QStringLiteral("1 text, 4 HTML, 5 RTF");
+  const QCommandLineOption from(QStringLiteral("from"), QStringLiteral("Read as this format: %1.").arg(codes), "code");
+  const QCommandLineOption to(QStringLiteral("to"), QStringLiteral("Write this format: %1.").arg(codes), "code");
+  const QCommandLineOption labels(QStringLiteral("labels"), QStringLiteral("Show list numbers and bullets in text."));
+  parser.addOptions({from, to, labels});
+  parser.process(arguments);
+  const QStringList names = parser.positionalArguments();
+  if (names.size() != 2) {
+    Say(QStringLiteral("two names are needed, IN and OUT (--help tells more)"));
+    return std::nullopt;
+  }
+  const auto fromFormat = FormatOption(parser.value(from), LoadFormatForName(names[0], true));
+  const auto toFormat = FormatOption(parser.value(to), SaveFormatForName(names[1]));
+  if (!fromFormat || !toFormat) {
+    Say(QStringLiteral("a format is given by its number (--help tells more)"));
+    return std::nullopt;
+  }
+  return Task{names[0], names[1], *fromFormat, *toFormat, parser.isSet(labels)};
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  // Nothing is shown, so no display is needed.
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QGuiApplication application(argc, argv);
+  const std::optional<Task> task = TaskFromArguments(application.arguments());
+  return task ? Convert(*task) : kUsage;
+}
