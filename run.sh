@@ -19,6 +19,6 @@ cmake --preset release -DSNIPDECK_TESTS=OFF
 cmake --build --preset release --target qm_snipdeck
 
 if [ -n "$demo" ]; then
-  exec scripts/private_display.sh /usr/bin/python3 scripts/demo.py build/release/bin/qm_snipdeck build/demo
+  SNIPDECK_SCREEN=1100x860x24 exec scripts/private_display.sh /usr/bin/python3 scripts/demo.py build/release/bin/qm_snipdeck build/demo
 fi
 exec build/release/bin/qm_snipdeck "$@"

@@ -16,6 +16,7 @@ const char* const kUsage =
     "  --size BYTES    pads each TEXT\n"
     "  --new-process   every copy by a process of its own\n"
     "  --until-lost    ends when somebody else takes the clipboard\n"
+    "  --report        prints 'gave TARGET' when that has been handed out\n"
     "Prints 'took NUMBER NANOSECONDS' (CLOCK_MONOTONIC) right before each copy.\n";
 
 namespace {
@@ -75,6 +76,8 @@ void ReadOption(Options& options, const std::string& name, Next next) {
     options.size = std::stoul(next());
   } else if (name == "--new-process") {
     options.newProcess = true;
+  } else if (name == "--report") {
+    options.reports = true;
   } else if (name == "--until-lost") {
     options.untilLost = true;
   } else {

@@ -38,6 +38,8 @@ struct Options {
   bool untilLost = false;
   /// Each copy is made by a process of its own.
   bool newProcess = false;
+  /// Tells which targets have been handed out.
+  bool reports = false;
 };
 
 /// Throws std::invalid_argument, with a text for the user, if the arguments make no sense or a file cannot be read.

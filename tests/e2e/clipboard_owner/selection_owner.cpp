@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
 #include <limits>
 #include <utility>
 
@@ -21,12 +22,13 @@ void WriteAtoms(X11Connection& connection, const xcb_selection_request_event_t& 
 }  // namespace
 
 SelectionOwner::SelectionOwner(X11Connection& connection, const Options& options)
-    : m_connection(connection), m_mode(options.mode), m_delay(options.delay) {}
+    : m_connection(connection), m_mode(options.mode), m_delay(options.delay), m_reports(options.reports) {}
 
 void SelectionOwner::BeginTake(const std::vector<Offer>& offers, std::function<void()> beforeTaking) {
   m_nextContents.clear();
   for (const Offer& offer : offers) {
-    m_nextContents.push_back({m_connection.Atom(offer.target), std::make_shared<const std::string>(offer.data)});
+    m_nextContents.push_back(
+        {m_connection.Atom(offer.target), offer.target, std::make_shared<const std::string>(offer.data)});
   }
   m_beforeTaking = std::move(beforeTaking);
   // Only an event carries the server's time; this changes nothing and brings one.
@@ -110,6 +112,14 @@ void SelectionOwner::Answer(const xcb_selection_request_event_t& request) {
   message.notice.target = request.target;
   message.notice.property = WriteAnswer(request) ? request.property : static_cast<xcb_atom_t>(XCB_ATOM_NONE);
   xcb_send_event(m_connection.Get(), 0, request.requestor, 0, message.wire.data());
+  if (m_reports && message.notice.property != XCB_ATOM_NONE) Report(request.target);
+}
+
+void SelectionOwner::Report(xcb_atom_t target) const {
+  for (const Content& content : m_contents) {
+    if (content.target == target) std::printf("gave %s\n", content.name.c_str());
+  }
+  std::fflush(stdout);
 }
 
 bool SelectionOwner::WriteAnswer(const xcb_selection_request_event_t& request) {

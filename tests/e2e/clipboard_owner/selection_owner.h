@@ -30,6 +30,7 @@ class SelectionOwner {
  private:
   struct Content {
     xcb_atom_t target;
+    std::string name;
     IncrTransfer::Data data;
   };
   struct LateAnswer {
@@ -42,6 +43,7 @@ class SelectionOwner {
   void HandleRequest(const xcb_selection_request_event_t& request);
   void FinishTake(xcb_timestamp_t time);
   void Answer(const xcb_selection_request_event_t& request);
+  void Report(xcb_atom_t target) const;
   bool WriteAnswer(const xcb_selection_request_event_t& request);
   void WriteTargets(const xcb_selection_request_event_t& request);
   void WriteData(const xcb_selection_request_event_t& request, const IncrTransfer::Data& data);
@@ -51,6 +53,7 @@ class SelectionOwner {
   X11Connection& m_connection;
   Mode m_mode;
   std::chrono::milliseconds m_delay;
+  bool m_reports;
   std::vector<Content> m_contents;
   std::vector<Content> m_nextContents;
   std::function<void()> m_beforeTaking;

@@ -1,0 +1,33 @@
+"""Waiting for something to become true."""
+
+import time
+
+
+class TimedOut(AssertionError):
+    """What was waited for did not happen in time."""
+
+
+def wait_until(what, condition, timeout=10.0):
+    """Asks `condition` until it gives something true and returns that; fails after `timeout` seconds."""
+    deadline = time.monotonic() + timeout
+    while True:
+        value = condition()
+        if value:
+            return value
+        if time.monotonic() > deadline:
+            raise TimedOut(f"not within {timeout} s: {what} (at last {value!r})")
+        time.sleep(0.005)
+
+
+def wait_equal(what, expected, read, timeout=10.0):
+    """Reads until the value is the expected one; a failure shows both."""
+    seen = []
+
+    def is_equal():
+        seen[:] = [read()]
+        return seen[0] == expected
+
+    try:
+        wait_until(what, is_equal, timeout)
+    except TimedOut:
+        raise TimedOut(f"{what}: expected {expected!r}, after {timeout} s it is {seen[0]!r}") from None
