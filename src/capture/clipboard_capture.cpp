@@ -51,7 +51,11 @@ void ClipboardCapture::NameKind() {
                {kFormatBitmap, "image"},
                {kFormatFileList, "file/folder names"}};
   for (const auto& kind : kinds) {
-    if (m_clipboard.HasFormat(kind.format)) return m_boxes.lblFormat->setText(QString::fromLatin1(kind.name));
+    if (!m_clipboard.HasFormat(kind.format)) continue;
+    m_boxes.lblFormat->setText(QString::fromLatin1(kind.name));
+    // The label's accessible name says what it is for; what it says is told as its description.
+    m_boxes.lblFormat->setAccessibleDescription(m_boxes.lblFormat->text());
+    return;
   }
 }
 
