@@ -8,9 +8,13 @@
 #include <QTextDocument>
 #include <QWheelEvent>
 
+#include "platform/qt/button_bar.h"
 #include "platform/qt/rich_text_mime.h"
+#include "platform/qt/ruler.h"
+#include "platform/qt/status_bar.h"
 #include "platform/qt/zoomed_device.h"
 #include "richtext/format_properties.h"
+#include "richtext/safe_document.h"
 
 namespace snipdeck {
 namespace {
@@ -281,15 +285,33 @@ void RichTextControl::ClearUndoHistory() {
   document()->setUndoRedoEnabled(true);
 }
 
+namespace {
+
+template <typename Companion>
+void Attach(QPointer<Companion>& held, Companion* companion, RichTextControl* control) {
+  if (held == companion) return;
+  if (held) held->Follow(nullptr);
+  held = companion;
+  if (held) held->Follow(control);
+}
+
+}  // namespace
+
+void RichTextControl::SetRulerHandle(TXRuler* ruler) {
+  Attach(m_ruler, ruler, this);
+}
+void RichTextControl::SetButtonBarHandle(TXButtonBar* bar) {
+  Attach(m_buttonBar, bar, this);
+}
+void RichTextControl::SetStatusBarHandle(TXStatusBar* bar) {
+  Attach(m_statusBar, bar, this);
+}
+
 // An address that yields nothing would be looked up on the disk, so a small grey square is given for it.
 QVariant RichTextControl::loadResource(int type, const QUrl& name) {
   if (type != QTextDocument::ImageResource) return QByteArray("");
-  if (name.scheme().compare(QLatin1String("data"), Qt::CaseInsensitive) == 0) {
-    QTextDocument decoder;
-    const QVariant picture = decoder.resource(type, name);
-    if (!picture.value<QPixmap>().isNull()) return picture;
-  }
-  return PlaceholderImage();
+  const QImage picture = QImage::fromData(DataUrlContent(QString::fromLatin1(name.toEncoded())));
+  return picture.isNull() ? PlaceholderImage() : picture;
 }
 
 void RichTextControl::focusInEvent(QFocusEvent* event) {
@@ -307,6 +329,19 @@ void RichTextControl::wheelEvent(QWheelEvent* event) {
   const int turned = event->angleDelta().y();
   if (turned != 0) SetZoomValue(m_zoomValue + (turned > 0 ? kZoomStep : -kZoomStep));
   event->accept();
+}
+
+// A text whose lines are not all placed yet would be placed to its end by the first change at that end. Nobody sees the
+// lines of a hidden control, so the work is put off until it is shown; finished lines are kept.
+void RichTextControl::hideEvent(QHideEvent* event) {
+  QTextEdit::hideEvent(event);
+  const bool allPlaced = document()->lastBlock().layout()->lineCount() > 0;
+  if (!allPlaced) document()->setPageSize(QSizeF(0, 0));
+}
+
+void RichTextControl::showEvent(QShowEvent* event) {
+  if (document()->pageSize().isNull()) document()->setTextWidth(viewport()->width());
+  QTextEdit::showEvent(event);
 }
 
 QMimeData* RichTextControl::createMimeDataFromSelection() const {

@@ -1,0 +1,31 @@
+#include "platform/qt/paragraph_indents.h"
+
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QTextList>
+
+namespace snipdeck {
+
+ParagraphIndents IndentsOf(const QTextBlock& block) {
+  const QTextBlockFormat format = block.blockFormat();
+  const int levels = format.indent() + (block.textList() ? block.textList()->format().indent() : 0);
+  ParagraphIndents indents;
+  indents.listShare = levels * block.document()->indentWidth();
+  indents.left = indents.listShare + format.leftMargin();
+  indents.firstLine = indents.left + format.textIndent();
+  indents.right = format.rightMargin();
+  indents.tabs = format.tabPositions();
+  return indents;
+}
+
+void ApplyIndents(QTextCursor cursor, const ParagraphIndents& before, const ParagraphIndents& after) {
+  QTextBlockFormat change;
+  if (after.left != before.left) change.setLeftMargin(after.left - after.listShare);
+  if (after.firstLine - after.left != before.firstLine - before.left)
+    change.setTextIndent(after.firstLine - after.left);
+  if (after.right != before.right) change.setRightMargin(after.right);
+  if (after.tabs != before.tabs) change.setTabPositions(after.tabs);
+  if (change.propertyCount() > 0) cursor.mergeBlockFormat(change);
+}
+
+}  // namespace snipdeck

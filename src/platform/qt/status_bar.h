@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/qt/control_companion.h"
+
+class QLabel;
+
+namespace snipdeck {
+
+/// Where the caret of a control stands. `page` is the page that the caret's line would be printed on if the lines were
+/// printed as they are wrapped on the screen; `line` counts the wrapped lines from the top of that page, `column` the
+/// characters from the start of that line. All from 1.
+struct CaretPlace {
+  int page = 1;
+  int line = 1;
+  int column = 1;
+};
+
+/// Found by looking at no more than a page of lines, whatever the length of the text.
+CaretPlace CaretPlaceIn(const RichTextControl& control);
+
+/// Tells page, line and column of the caret, the number of pages and the zoom.
+class TXStatusBar : public ControlCompanion {
+  Q_OBJECT
+
+ public:
+  explicit TXStatusBar(QWidget* parent = nullptr);
+
+  TXStatusBar* WindowHandle() { return this; }
+
+ protected:
+  void Refresh() override;
+
+ private:
+  QLabel* m_place;
+  QLabel* m_extent;
+};
+
+}  // namespace snipdeck
