@@ -15,6 +15,7 @@ class Walk {
   Walk(DocumentVisitor& visitor, int begin, int end) : m_visitor(visitor), m_begin(begin), m_end(end) {}
 
   void Contents(QTextFrame::iterator it, int endOfContents) {
+    if (IsOnlyStart(it)) ++it;
     for (; !it.atEnd(); ++it) {
       if (QTextFrame* const frame = it.currentFrame()) {
         if (Touches(frame->firstPosition(), frame->lastPosition())) Frame(*frame);
@@ -26,6 +27,13 @@ class Walk {
   }
 
  private:
+  /// The empty paragraph that Qt needs in front of a table which begins its text or cell.
+  static bool IsOnlyStart(QTextFrame::iterator it) {
+    if (it.atEnd() || it.currentFrame() || it.currentBlock().length() > 1) return false;
+    ++it;
+    return !it.atEnd() && qobject_cast<QTextTable*>(it.currentFrame());
+  }
+
   bool Touches(int first, int last) const { return first <= m_end && last >= m_begin; }
   bool LiesWithin(int first, int last) const { return first <= m_begin && m_end <= last; }
 

@@ -37,7 +37,8 @@ class DocumentVisitor {
 };
 
 /// Walks the characters [begin, end) of `document`; end -1 means to the end. A range inside one cell is walked as plain
-/// paragraphs; a range that reaches into several cells gives the rows that it touches.
+/// paragraphs; a range that reaches into several cells gives the rows that it touches. The empty paragraph that Qt
+/// keeps in front of a table at the very start is not walked: no one wrote it.
 void WalkDocument(const QTextDocument& document, DocumentVisitor& visitor, int begin = 0, int end = -1);
 
 }  // namespace snipdeck

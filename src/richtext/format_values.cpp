@@ -51,4 +51,15 @@ ListPlace PlaceInList(const QTextBlock& block) {
   return {std::clamp(level, 0, 8), id};
 }
 
+QString ListLabel(const QTextBlock& block) {
+  const QTextListFormat::Style style = block.textList()->format().style();
+  const bool isNumber = style <= QTextListFormat::ListDecimal;
+  return isNumber ? block.textList()->itemText(block) : BulletOf(style);
+}
+
+QString BulletOf(QTextListFormat::Style style) {
+  if (style == QTextListFormat::ListCircle) return QStringLiteral("\u25E6");
+  return style == QTextListFormat::ListSquare ? QStringLiteral("\u25AA") : QStringLiteral("\u2022");
+}
+
 }  // namespace snipdeck

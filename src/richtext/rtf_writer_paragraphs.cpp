@@ -1,10 +1,14 @@
 #include "richtext/rtf_writer_paragraphs.h"
 
+#include <QTextList>
+
 #include "richtext/format_properties.h"
 #include "richtext/format_values.h"
 
 namespace snipdeck {
 namespace {
+
+constexpr int kLabelTwips = -360;
 
 void NumberUnlessZero(RtfOutput& out, const char* word, int number) {
   if (number != 0) out.Word(word, number);
@@ -48,10 +52,11 @@ void Tabs(RtfOutput& out, const QList<QTextOption::Tab>& tabs) {
 const RtfOutput& RtfParagraphWords::For(const QTextBlock& block) {
   const int index = block.blockFormatIndex();
   const auto known = m_known.constFind(index);
-  return known != m_known.cend() ? *known : *m_known.insert(index, Build(block.blockFormat()));
+  return known != m_known.cend() ? *known : *m_known.insert(index, Build(block));
 }
 
-RtfOutput RtfParagraphWords::Build(const QTextBlockFormat& format) {
+RtfOutput RtfParagraphWords::Build(const QTextBlock& block) {
+  const QTextBlockFormat format = block.blockFormat();
   RtfOutput out;
   out.Word("pard");
   const QString style = format.stringProperty(kParaStyleName);
@@ -60,6 +65,7 @@ RtfOutput RtfParagraphWords::Build(const QTextBlockFormat& format) {
     out.Word(format.layoutDirection() == Qt::RightToLeft ? "rtlpar" : "ltrpar");
   }
   if (format.hasProperty(QTextFormat::BlockAlignment)) Alignment(out, format.alignment());
+  Indents(out, block);
   Spacing(out, format);
   Tabs(out, format.tabPositions());
   Breaks(out, format);
@@ -67,10 +73,18 @@ RtfOutput RtfParagraphWords::Build(const QTextBlockFormat& format) {
   return out;
 }
 
-void RtfParagraphWords::Spacing(RtfOutput& out, const QTextBlockFormat& format) {
-  NumberUnlessZero(out, "li", TwipsFromLength(format.leftMargin() + format.indent() * m_indentWidth));
+void RtfParagraphWords::Indents(RtfOutput& out, const QTextBlock& block) {
+  const QTextBlockFormat format = block.blockFormat();
+  const QTextList* const list = block.textList();
+  const int steps = format.indent() + (list ? list->format().indent() : 0);
+  // A label hangs in front of its paragraph, as Qt shows it.
+  const bool hangs = format.textIndent() == 0 && (list || format.hasProperty(kListLabel));
+  NumberUnlessZero(out, "li", TwipsFromLength(format.leftMargin() + steps * m_indentWidth));
   NumberUnlessZero(out, "ri", TwipsFromLength(format.rightMargin()));
-  NumberUnlessZero(out, "fi", TwipsFromLength(format.textIndent()));
+  NumberUnlessZero(out, "fi", hangs ? kLabelTwips : TwipsFromLength(format.textIndent()));
+}
+
+void RtfParagraphWords::Spacing(RtfOutput& out, const QTextBlockFormat& format) {
   NumberUnlessZero(out, "sb", TwipsFromLength(format.topMargin()));
   NumberUnlessZero(out, "sa", TwipsFromLength(format.bottomMargin()));
   LineHeight(out, format);

@@ -13,11 +13,12 @@ class RtfParagraphWords {
   /// `indentWidth`: pixels of one step of a paragraph's indent.
   RtfParagraphWords(RtfHeader& header, double indentWidth) : m_header(header), m_indentWidth(indentWidth) {}
 
-  /// The words that switch from any paragraph to the format of `block`, without its list and table.
+  /// The words that switch from any paragraph to the format of `block`, without what names its list and its table.
   const RtfOutput& For(const QTextBlock& block);
 
  private:
-  RtfOutput Build(const QTextBlockFormat& format);
+  RtfOutput Build(const QTextBlock& block);
+  void Indents(RtfOutput& out, const QTextBlock& block);
   void Spacing(RtfOutput& out, const QTextBlockFormat& format);
   void Breaks(RtfOutput& out, const QTextBlockFormat& format);
   void Decoration(RtfOutput& out, const QTextBlockFormat& format);

@@ -5,6 +5,7 @@
 
 #include "richtext/document_walker.h"
 #include "richtext/format_properties.h"
+#include "richtext/format_values.h"
 
 namespace snipdeck {
 namespace {
@@ -41,7 +42,7 @@ class TextVisitor : public DocumentVisitor {
 
   void Label(const QTextBlock& block) {
     QString label = block.blockFormat().stringProperty(kListLabel);
-    if (label.isEmpty() && block.textList()) label = block.textList()->itemText(block);
+    if (label.isEmpty() && block.textList()) label = ListLabel(block);
     if (!label.isEmpty()) m_text += label + QLatin1Char('\t');
   }
 
