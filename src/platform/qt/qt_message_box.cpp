@@ -1,11 +1,13 @@
 #include "platform/qt/qt_message_box.h"
 
+#include <QApplication>
 #include <QMessageBox>
 
 namespace snipdeck {
 
 void QtMessageBox::ShowInformation(const QString& text) {
-  QMessageBox box(QMessageBox::Information, QLatin1String(kProgramTitle), text, QMessageBox::Ok, m_parent);
+  QWidget* owner = m_parent ? m_parent.data() : QApplication::activeWindow();
+  QMessageBox box(QMessageBox::Information, QLatin1String(kProgramTitle), text, QMessageBox::Ok, owner);
   box.setTextFormat(Qt::PlainText);
   box.exec();
 }

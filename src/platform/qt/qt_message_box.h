@@ -10,8 +10,8 @@ namespace snipdeck {
 /// Message boxes of the desktop, in front of one window. Texts are shown as they are, without markup.
 class QtMessageBox : public MessageBox {
  public:
-  /// nullptr: in front of no window in particular.
-  explicit QtMessageBox(QWidget* parent) : m_parent(parent) {}
+  /// nullptr: in front of whichever window of the program is active.
+  explicit QtMessageBox(QWidget* parent = nullptr) : m_parent(parent) {}
 
   void ShowInformation(const QString& text) override;
 
