@@ -23,7 +23,8 @@ struct ParagraphIndents {
   double TabOrigin() const { return firstLine; }
 };
 
-ParagraphIndents IndentsOf(const QTextBlock& block);
+/// `zoom` is the size of the text, 1 as given.
+ParagraphIndents IndentsOf(const QTextBlock& block, double zoom);
 
 /// Gives the paragraphs of `cursor` what differs between the two, as one undo step; everything else stays as it is in
 /// each.

@@ -49,10 +49,9 @@ QString PlainFromRaw(QString raw) {
   return raw;
 }
 
+// The desktop may name its font by an alias that means nothing elsewhere, so the family behind it is taken.
 QFont DefaultFont() {
-  QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
-  font.setPointSize(kDefaultPointSize);
-  return font;
+  return QFont(QFontInfo(QFontDatabase::systemFont(QFontDatabase::GeneralFont)).family(), kDefaultPointSize);
 }
 
 QImage PlaceholderImage() {

@@ -73,8 +73,8 @@ void TXRuler::Refresh() {
   const double margin = document->documentMargin() * m_zoom;
   const double columnLeft = std::max(margin, document->documentLayout()->blockBoundingRect(block).left());
   m_origin = viewLeft + columnLeft;
-  m_columnWidth = (std::max(document->textWidth(), 0.0) - columnLeft - margin) / m_zoom;
-  m_indents = IndentsOf(block);
+  m_columnWidth = std::max(document->textWidth() - columnLeft - margin, 0.0);
+  m_indents = IndentsOf(block, m_zoom);
 }
 
 QRectF TXRuler::Band() const {
@@ -92,7 +92,7 @@ TXRuler::Hit TXRuler::HitAt(const QPointF& point) const {
   if (point.y() >= height() / 2.0 && Near(point.x(), XOf(shown.left))) return {RulerHandle::LeftIndent};
   if (point.y() >= height() / 2.0 && Near(point.x(), RightEdge())) return {RulerHandle::RightIndent};
   for (qsizetype i = 0; i < shown.tabs.size(); ++i)
-    if (Near(point.x(), XOf(shown.TabOrigin() + shown.tabs[i].position))) return {RulerHandle::TabStop, i};
+    if (Near(point.x(), XOf(shown.tabs[i]))) return {RulerHandle::TabStop, i};
   return {};
 }
 
@@ -121,9 +121,11 @@ QString TXRuler::HandleName(const Hit& hit) const {
   return tr("Click to add a tab stop");
 }
 
-double TXRuler::Snapped(double position, Qt::KeyboardModifiers modifiers) const {
-  if (modifiers & Qt::AltModifier) return position;
-  const double snap = Unit().snap;
+// Where in the text column the pointer is, drawn to the nearest fine mark of the scale.
+double TXRuler::PositionOf(const QMouseEvent& event) const {
+  const double position = event.position().x() - m_origin;
+  if (event.modifiers() & Qt::AltModifier) return position;
+  const double snap = Unit().snap * m_zoom;
   return std::round(position / snap) * snap;
 }
 
@@ -131,10 +133,10 @@ void TXRuler::mousePressEvent(QMouseEvent* event) {
   if (!Control() || event->button() != Qt::LeftButton) return;
   Refresh();
   Drag drag{HitAt(event->position()), m_indents, false};
-  const double position = Snapped(PositionOf(event->position().x()), event->modifiers());
+  const double position = PositionOf(*event);
   const bool inColumn = position > m_indents.TabOrigin() && position < m_columnWidth;
   if (drag.hit.handle == RulerHandle::None && inColumn) {
-    drag.draft.tabs.append(QTextOption::Tab(position - m_indents.TabOrigin(), QTextOption::LeftTab));
+    drag.draft.tabs.append(QTextOption::Tab((position - m_indents.TabOrigin()) / m_zoom, QTextOption::LeftTab));
     drag.hit = {RulerHandle::TabStop, drag.draft.tabs.size() - 1};
     drag.moved = true;
   }
@@ -147,7 +149,7 @@ void TXRuler::mouseMoveEvent(QMouseEvent* event) {
     setCursor(HitAt(event->position()).handle == RulerHandle::None ? Qt::ArrowCursor : Qt::SizeHorCursor);
     return;
   }
-  const double position = Snapped(PositionOf(event->position().x()), event->modifiers());
+  const double position = PositionOf(*event);
   m_drag->moved = true;
   if (m_drag->hit.handle == RulerHandle::TabStop)
     DragTab(position, IsOff(event->position()));
@@ -176,7 +178,8 @@ void TXRuler::DragTo(double position) {
 void TXRuler::DragTab(double position, bool off) {
   const double least = Unit().snap;
   QTextOption::Tab& tab = m_drag->draft.tabs[m_drag->hit.tab];
-  tab.position = off ? -1 : qBound(least, position - m_indents.TabOrigin(), std::max(least, m_columnWidth));
+  const double most = std::max(least, m_columnWidth / m_zoom);
+  tab.position = off ? -1 : qBound(least, (position - m_indents.TabOrigin()) / m_zoom, most);
 }
 
 void TXRuler::mouseReleaseEvent(QMouseEvent* event) {
@@ -234,10 +237,9 @@ void TXRuler::paintEvent(QPaintEvent*) {
   const QRectF band = Band();
   painter.fillRect(band, palette().color(QPalette::Mid));
   if (!Control()) return;
-  const QRectF column(m_origin, band.top(), m_columnWidth * m_zoom, band.height());
+  const QRectF column(m_origin, band.top(), m_columnWidth, band.height());
   painter.fillRect(column, palette().color(QPalette::Base));
-  QColor marks = palette().color(QPalette::Text);
-  PaintRulerScale(painter, column.intersected(band), m_origin, m_zoom, Unit(), marks);
+  PaintRulerScale(painter, column.intersected(band), m_origin, m_zoom, Unit(), palette().color(QPalette::Text));
   PaintTabs(painter);
   PaintIndents(painter);
 }
@@ -245,8 +247,8 @@ void TXRuler::paintEvent(QPaintEvent*) {
 void TXRuler::PaintIndents(QPainter& painter) const {
   const QRectF band = Band();
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(palette().color(QPalette::ButtonText));
-  painter.setBrush(palette().color(QPalette::Button));
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(palette().color(QPalette::WindowText));
   painter.drawPolygon(Triangle(XOf(Shown().firstLine), band.top() + 2.5, true));
   painter.drawPolygon(Triangle(XOf(Shown().left), band.bottom() - 2.5, false));
   painter.drawPolygon(Triangle(RightEdge(), band.bottom() - 2.5, false));
@@ -259,9 +261,11 @@ void TXRuler::PaintTabs(QPainter& painter) const {
   const QColor colour = palette().color(QPalette::Text);
   for (const QTextOption::Tab& tab : Shown().tabs) {
     if (tab.position < 0) continue;
-    const double x = qRound(XOf(Shown().TabOrigin() + tab.position));
+    const double x = qRound(XOf(tab));
     const double left = tab.type == QTextOption::LeftTab ? x : x - kFoot;
     const double right = tab.type == QTextOption::RightTab ? x + 2 : x + 2 + kFoot;
+    painter.fillRect(QRectF(left - 1, bottom - kStem - 1, right - left + 2, kStem + 1),
+                     palette().color(QPalette::Base));
     painter.fillRect(QRectF(x, bottom - kStem, 2, kStem), colour);
     painter.fillRect(QRectF(left, bottom - 2, right - left, 2), colour);
     if (tab.type == QTextOption::DelimiterTab) painter.fillRect(QRectF(x + 4, bottom - 6, 2, 2), colour);

@@ -23,8 +23,9 @@ class TXRuler : public ControlCompanion {
   explicit TXRuler(QWidget* parent = nullptr);
 
   TXRuler* WindowHandle() { return this; }
-  /// The x, in pixels of this widget, at which a place of the text column is shown; see ParagraphIndents.
-  double XOf(double position) const { return m_origin + position * m_zoom; }
+  /// The x, in pixels of this widget, at which an indent or a tab stop is shown; see ParagraphIndents.
+  double XOf(double indent) const { return m_origin + indent; }
+  double XOf(const QTextOption::Tab& tab) const { return XOf(Shown().TabOrigin() + tab.position * m_zoom); }
   /// The indents as they are shown, also in the middle of a drag.
   const ParagraphIndents& Shown() const { return m_drag ? m_drag->draft : m_indents; }
 
@@ -50,13 +51,12 @@ class TXRuler : public ControlCompanion {
     bool moved = false;
   };
 
-  double PositionOf(double x) const { return (x - m_origin) / m_zoom; }
   double RightEdge() const { return XOf(m_columnWidth - Shown().right); }
   QRectF Band() const;
   bool IsOff(const QPointF& point) const;
   Hit HitAt(const QPointF& point) const;
   QString HandleName(const Hit& hit) const;
-  double Snapped(double position, Qt::KeyboardModifiers modifiers) const;
+  double PositionOf(const QMouseEvent& event) const;
 
   void DragTo(double position);
   void DragTab(double position, bool off);
@@ -65,8 +65,8 @@ class TXRuler : public ControlCompanion {
   void PaintTabs(QPainter& painter) const;
 
   ParagraphIndents m_indents;
-  double m_origin = 0;       // x of the column's left edge
-  double m_columnWidth = 0;  // unzoomed
+  double m_origin = 0;  // x of the column's left edge
+  double m_columnWidth = 0;
   double m_zoom = 1;
   std::optional<Drag> m_drag;
 };

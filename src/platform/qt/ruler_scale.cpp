@@ -10,8 +10,8 @@ constexpr double kPixelsPerCentimetre = kPixelsPerInch / 2.54;
 constexpr RulerUnit kInch = {kPixelsPerInch, 8, 4, kPixelsPerInch / 16};
 constexpr RulerUnit kCentimetre = {kPixelsPerCentimetre, 4, 2, kPixelsPerCentimetre / 10};
 
-constexpr double kNumberRoom = 22;  // pixels between two numbers, at least
-constexpr double kMarkRoom = 4;     // pixels between two marks, at least
+constexpr double kNumberRoom = 26;  // pixels between two numbers, at least
+constexpr double kMarkRoom = 7;     // pixels between two marks, at least
 constexpr double kNumberHalfWidth = 14;
 
 // Numbers stand at every unit, every second, fifth, tenth ... as there is room.
