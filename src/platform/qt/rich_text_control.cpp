@@ -9,6 +9,7 @@
 #include <QWheelEvent>
 
 #include "platform/qt/button_bar.h"
+#include "platform/qt/layout_pause.h"
 #include "platform/qt/rich_text_mime.h"
 #include "platform/qt/ruler.h"
 #include "platform/qt/status_bar.h"
@@ -23,6 +24,7 @@ constexpr int kDefaultPointSize = 10;
 constexpr int kDocumentMargin = 3;   // pixels
 constexpr double kTabDistance = 48;  // pixels: half an inch, what RTF means when it names no tab stops
 constexpr int kZoomStep = 10;        // percent for a notch of the wheel
+constexpr int kLongText = 100'000;   // characters; takes about 20 ms to place
 constexpr QTextOption::Flags kFormattingMarks =
     QTextOption::ShowTabsAndSpaces | QTextOption::ShowLineAndParagraphSeparators;
 
@@ -81,6 +83,7 @@ QString RichTextControl::Text() const {
 }
 
 void RichTextControl::SetText(const QString& text) {
+  const LayoutPause pause(*this, text.size() > kLongText);
   QTextDocument* const content = document();
   content->setUndoRedoEnabled(false);
   content->clear();
@@ -141,7 +144,10 @@ RichText RichTextControl::SelRichText() const {
   return RichText::FromDocument(*document(), cursor.selectionStart(), cursor.selectionEnd());
 }
 
+// Where nobody works in the control, a long text shows from its start while the rest is still being placed; the caret
+// of a control with the focus has to be seen.
 void RichTextControl::SetSelRichText(const RichText& text) {
+  const LayoutPause pause(*this, !hasFocus() && text.Document().characterCount() > kLongText);
   QTextCursor cursor = textCursor();
   text.InsertAt(cursor);
   setTextCursor(cursor);
@@ -163,6 +169,7 @@ void RichTextControl::AppendRichText(const RichText& text) {
 
 bool RichTextControl::SelectionHas(bool (*attribute)(const QTextCharFormat&)) const {
   const QTextCursor cursor = textCursor();
+  if (!cursor.hasSelection()) return attribute(currentCharFormat());
   const int end = cursor.selectionEnd();
   bool sawText = false;
   for (QTextBlock block = document()->findBlock(cursor.selectionStart()); block.isValid() && block.position() < end;
@@ -174,7 +181,7 @@ bool RichTextControl::SelectionHas(bool (*attribute)(const QTextCharFormat&)) co
       sawText = true;
     }
   }
-  return sawText && cursor.hasSelection() ? true : attribute(currentCharFormat());
+  return sawText || attribute(currentCharFormat());
 }
 
 int RichTextControl::Bold() const {

@@ -1,0 +1,165 @@
+#include <QAbstractTextDocumentLayout>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTest>
+#include <QTextBlock>
+
+#include "platform/qt/button_bar.h"
+#include "platform/qt/rich_text_control.h"
+#include "platform/qt/status_bar.h"
+
+namespace snipdeck {
+namespace {
+
+// The same answer by the long way: every line from the start of the text.
+CaretPlace PlaceByCounting(const RichTextControl& control, double pageHeight) {
+  const int position = control.textCursor().position();
+  CaretPlace place{1, 0, 1};
+  for (QTextBlock block = control.document()->begin(); block.isValid(); block = block.next()) {
+    const double top = control.document()->documentLayout()->blockBoundingRect(block).top();
+    for (int i = 0; i < block.layout()->lineCount(); ++i) {
+      const QTextLine line = block.layout()->lineAt(i);
+      const int page = 1 + static_cast<int>((top + line.y()) / pageHeight);
+      place.line = page == place.page ? place.line + 1 : 1;
+      place.page = page;
+      place.column = 1 + position - block.position() - line.textStart();
+      const bool isLast = i + 1 == block.layout()->lineCount();
+      if (place.column - 1 < line.textLength() || (isLast && position < block.position() + block.length()))
+        return place;
+    }
+  }
+  return place;
+}
+
+}  // namespace
+
+class ControlBarsTest : public QObject {
+  Q_OBJECT
+
+  struct Fixture {
+    QWidget window;
+    TXButtonBar buttons{&window};
+    RichTextControl control{&window};
+    TXStatusBar status{&window};
+
+    Fixture() {
+      buttons.setGeometry(0, 0, 500, 25);
+      control.setGeometry(0, 30, 500, 200);
+      status.setGeometry(0, 232, 500, 18);
+      control.SetButtonBarHandle(buttons.WindowHandle());
+      control.SetStatusBarHandle(status.WindowHandle());
+      window.resize(500, 250);
+      window.show();
+      window.activateWindow();
+      QVERIFY(QTest::qWaitForWindowActive(&window));
+    }
+
+    template <typename Part>
+    Part* Named(const QString& name) const {
+      for (Part* part : buttons.findChildren<Part*>())
+        if (part->accessibleName() == name) return part;
+      return nullptr;
+    }
+    void Click(const QString& name) const { QTest::mouseClick(Named<GlyphButton>(name), Qt::LeftButton); }
+    bool IsPressed(const QString& name) const { return Named<GlyphButton>(name)->isChecked(); }
+  };
+
+ private slots:
+  void TheButtonBarShowsTheFormatAtTheCaret() {
+    Fixture f;
+    f.control.SetSelRichText(
+        RichText::FromHtml("<p>plain</p><p align='right'><span style='font-family:Courier; "
+                           "font-size:18pt'><b><u>loud</u></b></span></p>"));
+    QTRY_VERIFY(f.IsPressed("Bold") && f.IsPressed("Underline") && !f.IsPressed("Italic"));
+    QVERIFY(f.IsPressed("Align right") && !f.IsPressed("Align left"));
+    QCOMPARE(f.Named<QComboBox>("Font")->currentText(), QString("Courier"));
+    QCOMPARE(f.Named<QComboBox>("Font size in points")->currentText(), QString("18"));
+    f.control.SetSelStart(2);
+    QTRY_VERIFY(!f.IsPressed("Bold") && f.IsPressed("Align left"));
+    QCOMPARE(f.Named<QComboBox>("Font size in points")->currentText(), QString("10"));
+  }
+
+  void ButtonsChangeTheSelectionAndGiveTheFocusBack() {
+    Fixture f;
+    f.control.SetText("one two");
+    f.control.SetSelStart(4);
+    f.control.SetSelLength(3);
+    f.Click("Bold");
+    f.Click("Centre");
+    QCOMPARE(f.control.Bold(), -1);
+    QCOMPARE(f.control.alignment(), Qt::AlignHCenter);
+    QVERIFY(f.control.hasFocus());
+    f.control.SetSelStart(1);
+    QCOMPARE(f.control.Bold(), 0);
+  }
+
+  void ATypedSizeOrFontIsTakenWithEnter() {
+    Fixture f;
+    f.control.SetText("one two");
+    f.control.SetSelStart(0);
+    f.control.SetSelLength(3);
+    const auto type = [&](const QString& combo, const QString& value, Qt::Key last) {
+      QLineEdit* const field = f.Named<QComboBox>(combo)->lineEdit();
+      field->setFocus();
+      field->selectAll();
+      QTest::keyClicks(field, value);
+      QTest::keyClick(field, last);
+    };
+    type("Font size in points", "17", Qt::Key_Return);
+    QVERIFY(f.control.hasFocus());
+    type("Font", "Monospace", Qt::Key_Return);
+    type("Font size in points", "no size", Qt::Key_Return);
+    type("Font size in points", "40", Qt::Key_Escape);
+    QVERIFY(f.control.hasFocus());
+    QCOMPARE(f.control.SelText(), QString("one"));
+    QCOMPARE(f.control.currentCharFormat().fontPointSize(), 17.0);
+    QCOMPARE(f.control.currentCharFormat().fontFamilies().toStringList(), QStringList("Monospace"));
+    QTRY_COMPARE(f.Named<QComboBox>("Font size in points")->currentText(), QString("17"));
+  }
+
+  void EverythingFitsIntoTheLowBar() {
+    Fixture f;
+    for (const QWidget* part : f.buttons.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+      QVERIFY(f.buttons.rect().contains(part->geometry()));
+      QVERIFY(!part->toolTip().isEmpty() && !part->accessibleName().isEmpty());
+    }
+    for (const QLineEdit* field : f.buttons.findChildren<QLineEdit*>())
+      QVERIFY(field->height() >= field->fontMetrics().height());
+    for (const QLabel* label : f.status.findChildren<QLabel*>())
+      QVERIFY(label->height() >= label->fontMetrics().height());
+  }
+
+  void TheCaretsPlaceAgreesWithCounting_data() {
+    QTest::addColumn<int>("zoom");
+    QTest::newRow("as given") << 100;
+    QTest::newRow("enlarged") << 130;
+  }
+
+  void TheCaretsPlaceAgreesWithCounting() {
+    QFETCH(const int, zoom);
+    constexpr double kA4TextHeight = (16838 - 2 * 1440) / 15.0;
+    Fixture f;
+    f.control.SetZoomValue(zoom);
+    for (int i = 0; i < 300; ++i) f.control.AppendText(QString("word %1 ").arg(i).repeated(1 + i % 40) + u'\n');
+    const int end = f.control.SelStart();
+    int pages = 0;
+    for (int position = 0; position <= end; position += 397) {
+      f.control.SetSelStart(position);
+      const CaretPlace found = CaretPlaceIn(f.control);
+      const CaretPlace counted = PlaceByCounting(f.control, kA4TextHeight * zoom / 100);
+      QCOMPARE(found.page, counted.page);
+      QCOMPARE(found.line, counted.line);
+      QCOMPARE(found.column, counted.column);
+      pages = std::max(pages, found.page);
+    }
+    QVERIFY(pages > 5);
+    const QString shown = QString("Page %1").arg(CaretPlaceIn(f.control).page);
+    QTRY_VERIFY(f.status.findChildren<QLabel*>().first()->text().startsWith(shown));
+  }
+};
+
+}  // namespace snipdeck
+
+QTEST_MAIN(snipdeck::ControlBarsTest)
+#include "control_bars_test.moc"
