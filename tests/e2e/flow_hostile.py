@@ -4,9 +4,9 @@ import os
 import tempfile
 import time
 
+from harness.conditions import TimedOut
 from harness.owners import Owner, copy
 from harness.program_test import ProgramTest
-from harness.conditions import TimedOut
 
 LONGEST_ANSWER = 0.1  # seconds
 # The reader gives a silent owner up after one second; the window is watched beyond that.

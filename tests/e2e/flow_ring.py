@@ -1,8 +1,8 @@
 """Copies go round the twelve boxes, and all of them stay in the cumulative text."""
 
+from harness.conditions import wait_equal
 from harness.owners import Owner, copy
 from harness.program_test import ProgramTest
-from harness.conditions import wait_equal
 
 
 class Ring(ProgramTest):

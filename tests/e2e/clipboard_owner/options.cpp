@@ -17,7 +17,7 @@ const char* const kUsage =
     "  --new-process   every copy by a process of its own\n"
     "  --until-lost    ends when somebody else takes the clipboard\n"
     "  --report        prints 'gave TARGET' when that has been handed out\n"
-    "Prints 'took NUMBER NANOSECONDS' (CLOCK_MONOTONIC) right before each copy.\n";
+    "Prints 'took NUMBER NANOSECONDS' (CLOCK_MONOTONIC) right before each copy and 'owns' after it.\n";
 
 namespace {
 

@@ -41,8 +41,12 @@ void SelectionOwner::FinishTake(xcb_timestamp_t time) {
   m_contents = std::move(m_nextContents);
   m_takenAt = time;
   m_isLost = false;
+  const xcb_atom_t clipboard = m_connection.Atom("CLIPBOARD");
   std::exchange(m_beforeTaking, nullptr)();
-  xcb_set_selection_owner(m_connection.Get(), m_connection.Window(), m_connection.Atom("CLIPBOARD"), time);
+  xcb_set_selection_owner(m_connection.Get(), m_connection.Window(), clipboard, time);
+  xcb_flush(m_connection.Get());
+  std::puts("owns");
+  std::fflush(stdout);
 }
 
 void SelectionOwner::Work() {

@@ -50,14 +50,6 @@ class Node:
     def is_focused(self):
         return self.has_state(Atspi.StateType.FOCUSED)
 
-    def find(self, name, role):
-        """The first object below with this name and role, in the order of the tree; None if there is none."""
-        return next(self.find_all(name, role), None)
-
-    def find_all(self, name, role):
-        """Every object below with this name and role, in the order of the tree."""
-        return (node for node in self.walk() if node.name() == name and node.role() == role)
-
     def walk(self):
         """Everything below, each object before its children."""
         for index in range(self._accessible.get_child_count()):

@@ -28,7 +28,7 @@ class Owner:
 
     def wait_taken(self):
         """Returns when the next copy has been made."""
-        self._wait_for("took ")
+        self._wait_for("owns")
 
     def wait_given(self, target):
         """Returns when somebody has been given this target; only with --report."""
@@ -39,3 +39,9 @@ class Owner:
             if line.startswith(beginning):
                 return
         raise AssertionError(f"clipboard_owner ended before it printed {beginning!r}")
+
+
+def empty_clipboard():
+    """Whoever owns the clipboard loses it to an owner that ends at once."""
+    with Owner("NOTHING:"):
+        pass

@@ -76,17 +76,25 @@ class Program:
             self._process.kill()
             self._process.wait()
         self.home.cleanup()
-        self._errors.seek(0)
-        return self._errors.read().decode(errors="replace")
+        with self._errors as errors:
+            errors.seek(0)
+            return errors.read().decode(errors="replace")
 
     def _text(self, name):
-        return self._found(name, lambda: self.tree.find(name, accessible.TEXT))
+        return self._node(name, accessible.TEXT)
 
     def _kind_label(self):
         # The caption before it has the same name, and comes first.
-        return self._found("Format", lambda: [*self.tree.find_all("Format", accessible.LABEL), None, None][1])
+        return self._node("Format", accessible.LABEL, 1)
 
-    def _found(self, name, search):
-        if name not in self._nodes:
-            self._nodes[name] = wait_until(f'"{name}" in the window', search)
-        return self._nodes[name]
+    def _node(self, name, role, index=0):
+        # The controls live as long as the window, so each is looked up once, and all of them in one walk.
+        if (name, role) not in self._nodes:
+            wait_until(f'"{name}" in the window', lambda: (name, role) in self._look_around())
+        return self._nodes[name, role][index]
+
+    def _look_around(self):
+        self._nodes = {}
+        for node in self.tree.walk():
+            self._nodes.setdefault((node.name(), node.role()), []).append(node)
+        return self._nodes

@@ -4,6 +4,7 @@ import os
 import unittest
 
 from .conditions import wait_equal
+from .owners import empty_clipboard
 from .program import Program
 
 
@@ -11,6 +12,7 @@ class ProgramTest(unittest.TestCase):
     """Starts the program before each test; afterwards it must still run and have complained of nothing."""
 
     def setUp(self):
+        self.addCleanup(empty_clipboard)
         self.program = Program(os.environ["SNIPDECK_BINARY"])
         self.addCleanup(self._end)
 
