@@ -1,5 +1,9 @@
 #include "platform/qt/rich_text_control.h"
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 #include <QAbstractTextDocumentLayout>
 #include <QFontDatabase>
 #include <QImage>
@@ -21,10 +25,11 @@ namespace snipdeck {
 namespace {
 
 constexpr int kDefaultPointSize = 10;
-constexpr int kDocumentMargin = 3;   // pixels
-constexpr double kTabDistance = 48;  // pixels: half an inch, what RTF means when it names no tab stops
-constexpr int kZoomStep = 10;        // percent for a notch of the wheel
-constexpr int kLongText = 100'000;   // characters; takes about 20 ms to place
+constexpr int kDocumentMargin = 3;    // pixels
+constexpr double kTabDistance = 48;   // pixels: half an inch, what RTF means when it names no tab stops
+constexpr int kZoomStep = 10;         // percent for a notch of the wheel
+constexpr int kLongText = 100'000;    // characters; takes about 20 ms to place
+constexpr int kHugeText = 1'000'000;  // characters; takes about 8 MB while it is shown
 constexpr QTextOption::Flags kFormattingMarks =
     QTextOption::ShowTabsAndSpaces | QTextOption::ShowLineAndParagraphSeparators;
 
@@ -56,6 +61,13 @@ QFont DefaultFont() {
   return QFont(QFontInfo(QFontDatabase::systemFont(QFontDatabase::GeneralFont)).family(), kDefaultPointSize);
 }
 
+// A text is kept in many small blocks of memory, which the C library of Linux would hold on to.
+void ReturnFreeMemory() {
+#ifdef __GLIBC__
+  malloc_trim(0);
+#endif
+}
+
 QImage PlaceholderImage() {
   QImage image(16, 16, QImage::Format_ARGB32);
   image.fill(QColor(128, 128, 128, 64));
@@ -85,9 +97,11 @@ QString RichTextControl::Text() const {
 void RichTextControl::SetText(const QString& text) {
   const LayoutPause pause(*this, text.size() > kLongText);
   QTextDocument* const content = document();
+  const bool wasHuge = content->characterCount() > kHugeText;
   content->setUndoRedoEnabled(false);
   content->clear();
   content->setPlainText(text);
+  if (wasHuge) ReturnFreeMemory();
   content->setUndoRedoEnabled(true);
   setTextCursor(QTextCursor(content));
 }
