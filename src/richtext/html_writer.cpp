@@ -49,21 +49,25 @@ class HtmlVisitor : public DocumentVisitor {
   }
 
   void BeginBlock(const QTextBlock& block) override {
+    m_blockBegin = m_html.size();
     EnterList(block);
     const int heading = block.blockFormat().headingLevel();
     m_tag = block.textList()
                 ? QStringLiteral("li")
                 : (heading > 0 ? QLatin1Char('h') + QString::number(std::min(heading, 6)) : QStringLiteral("p"));
     m_html += QLatin1Char('<') + m_tag;
-    if (block.layout() && block.blockFormat().layoutDirection() == Qt::RightToLeft)
-      m_html += QLatin1String(" dir=\"rtl\"");
+    if (block.blockFormat().layoutDirection() == Qt::RightToLeft) m_html += QLatin1String(" dir=\"rtl\"");
     QString css = CssForParagraph(block.blockFormat());
     if (NeedsBlanksKept(block.text())) css += QLatin1String("white-space:pre-wrap;");
     m_html += QLatin1String(" style=\"") + css + QLatin1String("\">");
     m_empty = true;
   }
 
-  void EndBlock(const QTextBlock&, bool) override {
+  void EndBlock(const QTextBlock&, bool last) override {
+    // The empty paragraph that Qt keeps behind a table at the very end.
+    const bool isOnlyEnd = last && m_empty && m_afterTable;
+    m_afterTable = false;
+    if (isOnlyEnd) return m_html.truncate(m_blockBegin);
     CloseLink();
     if (m_empty) m_html += QLatin1String("<br>");
     m_html += QLatin1String("</") + m_tag + QLatin1String(">\n");
@@ -100,6 +104,7 @@ class HtmlVisitor : public DocumentVisitor {
   }
   void EndTable(const QTextTable&) override {
     m_lists.removeLast();
+    m_afterTable = true;
     m_html += QLatin1String("</table>\n");
   }
   void BeginRow(const QTextTable&, int) override { m_html += QLatin1String("<tr>"); }
@@ -164,6 +169,8 @@ class HtmlVisitor : public DocumentVisitor {
   QString m_tag;
   QString m_link;
   bool m_empty = true;
+  bool m_afterTable = false;
+  qsizetype m_blockBegin = 0;
   QHash<int, QString> m_css;
   QList<ListPlace> m_lists;
   QStringList m_closings;
@@ -175,7 +182,6 @@ class HtmlVisitor : public DocumentVisitor {
 QByteArray WriteHtml(const QTextDocument& document, int begin, int end) {
   HtmlVisitor visitor(document);
   WalkDocument(document, visitor, begin, end);
-  const QFont font = document.defaultFont();
   QByteArray html = "<!DOCTYPE html>\n<html><head><meta charset=\"utf-8\"></head><body>\n";
   html += visitor.TakeHtml().toUtf8();
   return html + "</body></html>\n";

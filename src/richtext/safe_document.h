@@ -4,8 +4,8 @@
 
 namespace snipdeck {
 
-/// A document that takes pictures from data: addresses and from its own resources alone: whatever names its text holds,
-/// neither the network nor the disk is touched.
+/// A document that shows the pictures it was given and loads none: whatever names its text holds, neither the network
+/// nor the disk is touched. It has no undo history.
 class SafeDocument : public QTextDocument {
  public:
   explicit SafeDocument(QObject* parent = nullptr);
@@ -13,8 +13,5 @@ class SafeDocument : public QTextDocument {
  protected:
   QVariant loadResource(int type, const QUrl& name) override;
 };
-
-/// The bytes of a data: address; null when it is none or cannot be decoded.
-QByteArray DataUrlContent(const QString& url);
 
 }  // namespace snipdeck

@@ -1,0 +1,350 @@
+#include "richtext/html_cleaner.h"
+
+#include <QRegularExpression>
+
+#include "richtext/css_filter.h"
+#include "richtext/html_elements.h"
+#include "richtext/html_pictures.h"
+#include "richtext/html_tokenizer.h"
+
+namespace snipdeck {
+namespace {
+
+constexpr qsizetype kMaxDepth = 100;
+constexpr int kMaxTableDepth = 8;
+constexpr int kMaxElements = 120000;
+constexpr int kMaxRules = 400;
+constexpr int kMaxColumns = 200;
+constexpr int kMaxRowSpan = 1000;
+constexpr int kMaxSpannedCells = 100000;
+constexpr double kDefaultPoints = 12;
+
+struct OpenElement {
+  QString name;
+  QString startTag;  ///< as written; empty when only the contents are
+  QString endTag;
+  double fontSize = kDefaultPoints;
+};
+
+/// Numeric entities can name what no document may hold.
+QString WithoutForbiddenEntities(QStringView text) {
+  QString clean = text.toString();
+  if (!clean.contains(QLatin1String("&#"))) return clean;
+  static const QRegularExpression kForbidden(
+      QStringLiteral(
+          "&#(?:0*(?:[0-8]|1[124-9]|2\\d|3[01])|x0*(?:[0-8bcef]|1[0-9a-f]|fd[de][0-9a-f]|fff[c-f]|d[89a-f]..)|"
+          "0*(?:6497[6-9]|649[89]\\d|6500[0-7]|6553[2-5]|5529[6-9]|55[3-9]\\d\\d|5[67]\\d\\d\\d))(?:;|(?![0-9a-f]))"),
+      QRegularExpression::CaseInsensitiveOption);
+  return clean.remove(kForbidden);
+}
+
+QString Quoted(QString value) {
+  return u'"' + value.replace(u'"', QLatin1String("&quot;")) + u'"';
+}
+
+/// A link may lead to the web, to mail or to a place in the text, and never into a program.
+bool IsHarmlessLink(const QString& target) {
+  static const QRegularExpression kScheme(QStringLiteral("^\\s*(https?|ftps?|mailto|tel|news|file)\\s*:"),
+                                          QRegularExpression::CaseInsensitiveOption);
+  const qsizetype colon = target.indexOf(u':');
+  const qsizetype path = target.indexOf(QRegularExpression(QStringLiteral("[/?#]")));
+  const bool isRelative = (colon < 0 || (path >= 0 && path < colon)) && !target.contains(QLatin1String("&#"));
+  return isRelative || kScheme.match(target).hasMatch();
+}
+
+class Cleaner {
+ public:
+  CleanHtml Clean(const HtmlPayload& payload) {
+    const QStringView html(payload.html);
+    m_outside = true;
+    Feed(html.first(payload.begin));
+    m_outside = false;
+    for (const OpenElement& element : std::as_const(m_open)) Write(element.startTag);
+    Feed(html.mid(payload.begin, payload.end - payload.begin));
+    CloseDownTo(0);
+    Tell(m_depthCut, "elements nested too deep");
+    Tell(m_elementsCut, "elements beyond the limit");
+    Tell(m_picturesDropped, "pictures outside the page");
+    if (!m_sheet.isEmpty()) m_clean.html.prepend(QLatin1String("<style>") + m_sheet + QLatin1String("</style>"));
+    return std::move(m_clean);
+  }
+
+ private:
+  void Feed(QStringView html) {
+    HtmlTokenizer tokenizer(html);
+    for (HtmlToken token = tokenizer.Next(); token.kind != HtmlToken::Kind::End; token = tokenizer.Next()) {
+      switch (token.kind) {
+        case HtmlToken::Kind::Text:
+          Text(token.text);
+          break;
+        case HtmlToken::Kind::StartTag:
+          StartTag(token, tokenizer);
+          break;
+        case HtmlToken::Kind::EndTag:
+          EndTag(token.name);
+          break;
+        default:
+          break;
+      }
+    }
+  }
+
+  void Tell(int count, const char* what) {
+    if (count > 0) m_clean.warnings.append(QStringLiteral("%1 %2 left out").arg(count).arg(QLatin1String(what)));
+  }
+
+  void Write(const QString& html) {
+    if (!m_outside) m_clean.html += html;
+  }
+
+  void Text(QStringView text) {
+    if (m_inHead) return;
+    if (!text.trimmed().isEmpty()) Content();
+    Write(WithoutForbiddenEntities(text));
+  }
+
+  void Content() {
+    m_hasContent = true;
+    m_lastBreak = -1;
+  }
+
+  void StartTag(const HtmlToken& token, HtmlTokenizer& tokenizer) {
+    if (token.name == QLatin1String("style")) {
+      m_sheet += FilterStyleSheet(tokenizer.RawText(token.name), kMaxRules - static_cast<int>(m_sheet.count(u'{')));
+      return;
+    }
+    const HtmlElement element = ElementNamed(token.name);
+    if (token.name == QLatin1String("head")) m_inHead = true;
+    if (element.treatment == HtmlElement::Treatment::DropContent) {
+      if (!token.closesItself) tokenizer.RawText(token.name);
+      return;
+    }
+    if (element.treatment == HtmlElement::Treatment::Keep) m_inHead = false;
+    if (token.name == QLatin1String("br")) return Break();
+    if (token.name == QLatin1String("hr")) return Rule();
+    if (token.name == QLatin1String("img")) return Picture(token);
+    if (element.treatment == HtmlElement::Treatment::Keep) Open(token, element);
+  }
+
+  void Break() {
+    m_lastBreak = m_clean.html.size();
+    m_breakHadContent = m_hasContent;
+    Write(QStringLiteral("<br>"));
+    m_hasContent = true;
+  }
+
+  void Rule() {
+    CloseImplied(QStringLiteral("div"));
+    StartBlock();
+    Write(QStringLiteral("<hr>"));
+  }
+
+  void Picture(const HtmlToken& token) {
+    const QString name = TakePicture(ValueOf(token, "src"), m_clean.pictures);
+    m_inHead = false;
+    Content();
+    if (name.isEmpty()) {
+      ++m_picturesDropped;
+      return Write(WithoutForbiddenEntities(ValueOf(token, "alt").replace(u'<', QLatin1String("&lt;"))));
+    }
+    Write(QLatin1String("<img src=") + Quoted(name) + PictureSize(token) + u'>');
+  }
+
+  static QString PictureSize(const HtmlToken& token) {
+    QString size;
+    for (const char* side : {"width", "height"}) {
+      const int pixels = ValueOf(token, side).remove(QLatin1String("px")).toInt();
+      if (pixels > 0 && pixels < 10000) size += QStringLiteral(" %1=\"%2\"").arg(QLatin1String(side)).arg(pixels);
+    }
+    return size;
+  }
+
+  static QString ValueOf(const HtmlToken& token, const char* name) {
+    for (const HtmlAttribute& attribute : token.attributes) {
+      if (attribute.name == QLatin1String(name)) return attribute.value;
+    }
+    return {};
+  }
+
+  void StartBlock() {
+    m_hasContent = false;
+    m_lastBreak = -1;
+  }
+
+  void Open(const HtmlToken& token, const HtmlElement& element) {
+    CloseImplied(token.name);
+    SupplyTable(token.name);
+    if (m_open.size() >= kMaxDepth || (token.name == QLatin1String("table") && m_tables >= kMaxTableDepth)) {
+      ++m_depthCut;
+      return;
+    }
+    if (++m_elements > kMaxElements) {
+      ++m_elementsCut;
+      return;
+    }
+    if (element.isBlock) StartBlock();
+    Push(token, element);
+  }
+
+  /// Cells that were copied without their table.
+  void SupplyTable(const QString& name) {
+    const bool isRow = name == QLatin1String("tr");
+    if (m_tables > 0 || (!isRow && name != QLatin1String("td") && name != QLatin1String("th"))) return;
+    for (const char* missing : {"table", "tr"}) {
+      if (isRow && QLatin1String(missing) == QLatin1String("tr")) continue;
+      HtmlToken token;
+      token.name = QLatin1String(missing);
+      Push(token, ElementNamed(token.name));
+    }
+  }
+
+  void Push(const HtmlToken& token, const HtmlElement& element) {
+    OpenElement open{token.name, {}, {}, m_open.isEmpty() ? kDefaultPoints : m_open.last().fontSize};
+    const QString attributes = Attributes(token, open.fontSize);
+    open.startTag = QLatin1Char('<') + QLatin1String(element.as) + attributes + u'>';
+    open.endTag = QLatin1String("</") + QLatin1String(element.as) + u'>';
+    m_tables += token.name == QLatin1String("table");
+    Write(open.startTag);
+    if (element.isBlock) m_blockTagEnd = m_clean.html.size() - 1;
+    m_open.append(open);
+  }
+
+  QString Attributes(const HtmlToken& token, double& fontSize) {
+    QString css = ImpliedStyle(token, fontSize);
+    css += FilterDeclarations(ValueOf(token, "style").replace(QLatin1String("&quot;"), QLatin1String("'")), fontSize);
+    QString attributes;
+    for (const HtmlAttribute& attribute : token.attributes) attributes += Attribute(token.name, attribute);
+    if (!css.isEmpty()) attributes += QLatin1String(" style=") + Quoted(css);
+    return attributes;
+  }
+
+  static QString ImpliedStyle(const HtmlToken& token, double& fontSize) {
+    const QString& name = token.name;
+    QString css;
+    if (name == QLatin1String("font")) {
+      const QString face = ValueOf(token, "face");
+      if (!face.isEmpty()) css += QLatin1String("font-family:") + QString(face).remove(u';') + u';';
+      css += Size(FontElementPoints(ValueOf(token, "size").toInt()), fontSize);
+      if (const QString colour = ValueOf(token, "color"); !colour.isEmpty()) {
+        css += QLatin1String("color:") + QString(colour).remove(u';') + u';';
+      }
+      return FilterDeclarations(css, fontSize);
+    }
+    if (name == QLatin1String("big")) return Size(fontSize * 1.2, fontSize);
+    if (name == QLatin1String("small")) return Size(fontSize / 1.2, fontSize);
+    if (name == QLatin1String("mark")) return QStringLiteral("background-color:#ffff00;");
+    if (name.size() == 2 && name[0] == u'h') return Size(HeadingPoints(name[1].digitValue()), fontSize);
+    return css;
+  }
+
+  static QString Size(double points, double& fontSize) {
+    if (points <= 0) return {};
+    fontSize = points;
+    return QStringLiteral("font-size:%1pt;").arg(points);
+  }
+
+  QString Attribute(const QString& element, const HtmlAttribute& attribute) {
+    static const QSet<QString> kKept = {"class",       "align", "valign", "bgcolor", "dir",  "border", "cellpadding",
+                                        "cellspacing", "width", "height", "type",    "name", "start"};
+    if (attribute.value.isEmpty() || attribute.value.size() > 2000 || element == QLatin1String("font")) return {};
+    if (attribute.name == QLatin1String("href")) {
+      return element == QLatin1String("a") && IsHarmlessLink(attribute.value)
+                 ? QLatin1String(" href=") + Quoted(attribute.value)
+                 : QString();
+    }
+    if (attribute.name == QLatin1String("colspan")) return Span(attribute, kMaxColumns);
+    if (attribute.name == QLatin1String("rowspan")) return Span(attribute, kMaxRowSpan);
+    if (!kKept.contains(attribute.name) || !IsSensibleNumber(attribute)) return {};
+    return u' ' + attribute.name + u'=' + Quoted(attribute.value);
+  }
+
+  static bool IsSensibleNumber(const HtmlAttribute& attribute) {
+    static const QSet<QString> kNumbers = {"border", "cellpadding", "cellspacing", "width", "height", "start"};
+    if (!kNumbers.contains(attribute.name)) return true;
+    QString digits = attribute.value.trimmed();
+    if (digits.endsWith(u'%')) digits.chop(1);
+    bool isNumber = false;
+    const double number = digits.remove(QLatin1String("px")).toDouble(&isNumber);
+    return isNumber && number >= 0 && number <= 10000;
+  }
+
+  QString Span(const HtmlAttribute& attribute, int limit) {
+    const int span = std::clamp(attribute.value.trimmed().toInt(), 1, limit);
+    m_spannedCells += span;
+    if (span == 1 || m_spannedCells > kMaxSpannedCells) return {};
+    return QStringLiteral(" %1=\"%2\"").arg(attribute.name).arg(span);
+  }
+
+  void CloseImplied(const QString& next) {
+    for (qsizetype i = m_open.size() - 1; i >= 0; --i) {
+      const QString& open = m_open[i].name;
+      if (EndsByItself(open, next)) {
+        CloseDownTo(i);
+      } else if (ElementNamed(open).isBlock && !EndsByItself(open, next)) {
+        return;
+      }
+    }
+  }
+
+  void EndTag(const QString& name) {
+    if (name == QLatin1String("head")) m_inHead = false;
+    if (name == QLatin1String("br")) return Break();
+    const bool ofTable =
+        name == QLatin1String("table") || name == QLatin1String("tr") || EndsByItself(name, QStringLiteral("tr"));
+    for (qsizetype i = m_open.size() - 1; i >= 0; --i) {
+      if (m_open[i].name == name) return CloseDownTo(i);
+      if (m_open[i].name == QLatin1String("table") || (!ofTable && IsFence(m_open[i].name))) return;
+    }
+  }
+
+  void CloseDownTo(qsizetype count) {
+    while (m_open.size() > count) {
+      const OpenElement element = m_open.takeLast();
+      if (ElementNamed(element.name).isBlock) EndBlock();
+      m_tables -= element.name == QLatin1String("table");
+      Write(element.endTag);
+    }
+  }
+
+  /// A line break at the end of a paragraph shows nothing; alone in one, it says that the paragraph is empty.
+  void EndBlock() {
+    if (m_lastBreak >= 0 && !m_outside) {
+      m_clean.html.remove(m_lastBreak, 4);
+      if (!m_breakHadContent && m_blockTagEnd > 0 && m_blockTagEnd < m_lastBreak) MarkEmpty();
+    }
+    StartBlock();
+  }
+
+  void MarkEmpty() {
+    const bool hasStyle =
+        m_clean.html[m_blockTagEnd - 1] == u'"' && m_clean.html.lastIndexOf(QLatin1String(" style="), m_blockTagEnd) >
+                                                       m_clean.html.lastIndexOf(u'<', m_blockTagEnd);
+    const QString css = QStringLiteral("-qt-paragraph-type:empty;");
+    m_clean.html.insert(hasStyle ? m_blockTagEnd - 1 : m_blockTagEnd,
+                        hasStyle ? css : QLatin1String(" style=") + Quoted(css));
+  }
+
+  CleanHtml m_clean;
+  QString m_sheet;
+  QList<OpenElement> m_open;
+  bool m_outside = false;  ///< in front of the copied part, where elements are noted and nothing is written
+  bool m_inHead = false;
+  bool m_hasContent = false;  ///< since the last start or end of a block
+  bool m_breakHadContent = false;
+  qsizetype m_lastBreak = -1;  ///< where a line break stands that nothing follows yet
+  qsizetype m_blockTagEnd = 0;
+  int m_tables = 0;
+  int m_elements = 0;
+  int m_spannedCells = 0;
+  int m_depthCut = 0;
+  int m_elementsCut = 0;
+  int m_picturesDropped = 0;
+};
+
+}  // namespace
+
+CleanHtml CleanUpHtml(const HtmlPayload& payload) {
+  return Cleaner().Clean(payload);
+}
+
+}  // namespace snipdeck
