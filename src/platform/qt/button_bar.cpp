@@ -1,5 +1,6 @@
 #include "platform/qt/button_bar.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QCompleter>
 #include <QFontDatabase>
@@ -14,6 +15,7 @@ namespace {
 
 constexpr int kFontPixels = 13;  // fits the lowest button bar, 25 pixels
 constexpr int kFamilyWidth = 170;
+constexpr int kFamilyListWidth = 260;
 constexpr int kSizeWidth = 62;
 constexpr double kLargestPointSize = 400;
 constexpr int kSizes[] = {6, 7, 8, 9, 10, 11, 12, 14, 16, 18, 20, 22, 24, 28, 32, 36, 48, 72};
@@ -32,6 +34,24 @@ QFont FontAtCaret(const RichTextControl& control) {
   return control.currentCharFormat().font().resolve(control.document()->defaultFont());
 }
 
+// Every family once: where several foundries make it, the system lists it once for each, with the maker in brackets.
+QStringList FamilyNames() {
+  QStringList names;
+  for (const QString& listed : QFontDatabase::families()) {
+    const QString name = listed.section(QStringLiteral(" ["), 0, 0);
+    if (!name.startsWith(u'[') && !names.contains(name)) names << name;
+  }
+  return names;
+}
+
+// An entry that the user is working in is left alone.
+void ShowIn(QComboBox& combo, const QString& value) {
+  if (combo.hasFocus() || combo.view()->isVisible()) return;
+  combo.setCurrentIndex(combo.findText(value));
+  combo.setEditText(value);
+  combo.lineEdit()->setCursorPosition(0);
+}
+
 QString SizeText(const QFont& font) {
   return font.pointSizeF() > 0 ? QLocale().toString(font.pointSizeF(), 'g', 4) : QString();
 }
@@ -45,6 +65,7 @@ TXButtonBar::TXButtonBar(QWidget* parent) : ControlCompanion(parent) {
   row->setSpacing(1);
   m_family = AddCombo(tr("Font"));
   m_family->setMaximumWidth(kFamilyWidth);
+  m_family->view()->setMinimumWidth(kFamilyListWidth);
   m_size = AddCombo(tr("Font size in points"));
   m_size->setFixedWidth(kSizeWidth);
   for (const int size : kSizes) m_size->addItem(QString::number(size));
@@ -90,7 +111,7 @@ void TXButtonBar::AddButton(Glyph glyph, const QString& toolTip) {
 
 // The list of fonts is long, so it is not read before somebody can see it.
 void TXButtonBar::showEvent(QShowEvent* event) {
-  if (m_family->count() == 0) m_family->addItems(QFontDatabase::families());
+  if (m_family->count() == 0) m_family->addItems(FamilyNames());
   ControlCompanion::showEvent(event);
 }
 
@@ -106,7 +127,6 @@ bool TXButtonBar::eventFilter(QObject* watched, QEvent* event) {
   const int key = static_cast<QKeyEvent*>(event)->key();
   const bool isFamily = watched == m_family || watched == m_family->lineEdit();
   if (key == Qt::Key_Escape) {
-    Refresh();
     ReturnFocus();
     return true;
   }
@@ -121,11 +141,10 @@ bool TXButtonBar::eventFilter(QObject* watched, QEvent* event) {
 void TXButtonBar::Refresh() {
   const RichTextControl* const control = Control();
   setEnabled(control != nullptr);
+  const QFont caretFont = control ? FontAtCaret(*control) : QFont();
+  ShowIn(*m_family, control ? caretFont.family() : QString());
+  ShowIn(*m_size, control ? SizeText(caretFont) : QString());
   if (!control) return;
-  const QFont caretFont = FontAtCaret(*control);
-  if (!m_family->hasFocus()) m_family->setEditText(caretFont.family());
-  if (!m_size->hasFocus()) m_size->setEditText(SizeText(caretFont));
-  m_family->lineEdit()->setCursorPosition(0);
   Button(Glyph::Bold)->setChecked(control->Bold() != 0);
   Button(Glyph::Italic)->setChecked(control->Italic() != 0);
   Button(Glyph::Underline)->setChecked(control->Underline() != 0);

@@ -19,7 +19,6 @@
 #include "platform/qt/status_bar.h"
 #include "platform/qt/zoomed_device.h"
 #include "richtext/format_properties.h"
-#include "richtext/safe_document.h"
 
 namespace snipdeck {
 namespace {
@@ -330,8 +329,12 @@ void RichTextControl::SetStatusBarHandle(TXStatusBar* bar) {
 // An address that yields nothing would be looked up on the disk, so a small grey square is given for it.
 QVariant RichTextControl::loadResource(int type, const QUrl& name) {
   if (type != QTextDocument::ImageResource) return QByteArray("");
-  const QImage picture = QImage::fromData(DataUrlContent(QString::fromLatin1(name.toEncoded())));
-  return picture.isNull() ? PlaceholderImage() : picture;
+  if (name.scheme().compare(QLatin1String("data"), Qt::CaseInsensitive) == 0) {
+    QTextDocument decoder;
+    const QVariant picture = decoder.resource(type, name);
+    if (!picture.value<QPixmap>().isNull()) return picture;
+  }
+  return PlaceholderImage();
 }
 
 void RichTextControl::focusInEvent(QFocusEvent* event) {

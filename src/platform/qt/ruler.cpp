@@ -124,7 +124,7 @@ QString TXRuler::HandleName(const Hit& hit) const {
 // Where in the text column the pointer is, drawn to the nearest fine mark of the scale.
 double TXRuler::PositionOf(const QMouseEvent& event) const {
   const double position = event.position().x() - m_origin;
-  if (event.modifiers() & Qt::AltModifier) return position;
+  if (event.modifiers() & Qt::ControlModifier) return position;
   const double snap = Unit().snap * m_zoom;
   return std::round(position / snap) * snap;
 }

@@ -15,7 +15,7 @@ enum class RulerHandle { None, FirstLine, LeftIndent, RightIndent, TabStop };
 /// A horizontal ruler over a control: the text column with its scale, and the indents and tab stops of the paragraph
 /// with the caret as handles. A click into the column adds a tab stop, dragging it off the ruler removes it, a double
 /// click turns it into the next kind (left, centre, right, decimal). A change becomes one undo step of all selected
-/// paragraphs when the mouse button is let go; Alt drags without snapping to the scale.
+/// paragraphs when the mouse button is let go; Ctrl drags without snapping to the scale.
 class TXRuler : public ControlCompanion {
   Q_OBJECT
 

@@ -33,13 +33,13 @@ class RulerTest : public QObject {
 
     // Fine marks are skipped, so that places can be told to the pixel.
     void DragTo(QPoint from, QPoint to) {
-      QTest::mousePress(&ruler, Qt::LeftButton, Qt::AltModifier, from);
-      QMouseEvent move(QEvent::MouseMove, to, ruler.mapToGlobal(to), Qt::NoButton, Qt::LeftButton, Qt::AltModifier);
+      QTest::mousePress(&ruler, Qt::LeftButton, Qt::ControlModifier, from);
+      QMouseEvent move(QEvent::MouseMove, to, ruler.mapToGlobal(to), Qt::NoButton, Qt::LeftButton, Qt::ControlModifier);
       QApplication::sendEvent(&ruler, &move);
-      QTest::mouseRelease(&ruler, Qt::LeftButton, Qt::AltModifier, to);
+      QTest::mouseRelease(&ruler, Qt::LeftButton, Qt::ControlModifier, to);
     }
     void AddTab(double distance) {
-      QTest::mouseClick(&ruler, Qt::LeftButton, Qt::AltModifier,
+      QTest::mouseClick(&ruler, Qt::LeftButton, Qt::ControlModifier,
                         Lower(ruler.XOf(ruler.Shown().TabOrigin() + distance)));
     }
   };
