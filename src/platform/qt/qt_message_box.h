@@ -13,7 +13,8 @@ class QtMessageBox : public MessageBox {
   /// nullptr: in front of whichever window of the program is active.
   explicit QtMessageBox(QWidget* parent = nullptr) : m_parent(parent) {}
 
-  void ShowInformation(const QString& text) override;
+  MessageAnswer Show(const Message& message) override;
+  void Beep() override;
 
  private:
   QPointer<QWidget> m_parent;

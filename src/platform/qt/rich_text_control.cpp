@@ -109,6 +109,15 @@ int RichTextControl::LastPosition() const {
   return document()->characterCount() - 1;
 }
 
+// A control in which nobody works keeps showing what it shows, so that a text put into it can be read from its start.
+void RichTextControl::PlaceCaret(const QTextCursor& cursor) {
+  const QPoint seen(horizontalScrollBar()->value(), verticalScrollBar()->value());
+  setTextCursor(cursor);
+  if (hasFocus()) return;
+  horizontalScrollBar()->setValue(seen.x());
+  verticalScrollBar()->setValue(seen.y());
+}
+
 int RichTextControl::SelStart() const {
   return textCursor().selectionStart();
 }
@@ -116,7 +125,7 @@ int RichTextControl::SelStart() const {
 void RichTextControl::SetSelStart(int position) {
   QTextCursor cursor = textCursor();
   cursor.setPosition(std::clamp(position, 0, LastPosition()));
-  setTextCursor(cursor);
+  PlaceCaret(cursor);
 }
 
 int RichTextControl::SelLength() const {
@@ -130,7 +139,7 @@ void RichTextControl::SetSelLength(int length) {
   const int rest = LastPosition() - start;
   cursor.setPosition(start);
   cursor.setPosition(start + (length < 0 ? rest : std::min(length, rest)), QTextCursor::KeepAnchor);
-  setTextCursor(cursor);
+  PlaceCaret(cursor);
 }
 
 QString RichTextControl::SelText() const {
@@ -140,7 +149,7 @@ QString RichTextControl::SelText() const {
 void RichTextControl::SetSelText(const QString& text) {
   QTextCursor cursor = textCursor();
   cursor.insertText(text);
-  setTextCursor(cursor);
+  PlaceCaret(cursor);
 }
 
 QByteArray RichTextControl::SelRtf() const {
@@ -163,7 +172,7 @@ void RichTextControl::SetSelRichText(const RichText& text) {
   const LayoutPause pause(*this, !hasFocus() && text.Document().characterCount() > kLongText);
   QTextCursor cursor = textCursor();
   text.InsertAt(cursor);
-  setTextCursor(cursor);
+  PlaceCaret(cursor);
 }
 
 void RichTextControl::AppendText(const QString& text) {

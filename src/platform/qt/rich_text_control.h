@@ -18,7 +18,8 @@ class TXStatusBar;
 class ZoomedDevice;
 
 /// The rich-text editing control behind every box, the large view, the cumulative box and the staging text.
-/// Positions and lengths count characters as the document does (UTF-16 units, one for a paragraph end).
+/// Positions and lengths count characters as the document does (UTF-16 units, one for a paragraph end). The view
+/// follows the caret that these operations move while the control has the focus, and otherwise stays where it is.
 class RichTextControl : public QTextEdit {
   Q_OBJECT
 
@@ -48,7 +49,7 @@ class RichTextControl : public QTextEdit {
   RichText SelRichText() const;
   void SetSelRichText(const RichText& text);
   /// Add at the end: as if the caret stood there and, for plain text, the default format were chosen. The caret ends up
-  /// behind the new text.
+  /// behind the new text, in view.
   void AppendText(const QString& text);
   void AppendRichText(const RichText& text);
 
@@ -118,6 +119,7 @@ class RichTextControl : public QTextEdit {
  private:
   void ApplyPalette();
   int LastPosition() const;
+  void PlaceCaret(const QTextCursor& cursor);
   bool SelectionHas(bool (*attribute)(const QTextCharFormat&)) const;
 
   int m_viewMode = 0;

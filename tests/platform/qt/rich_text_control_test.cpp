@@ -1,7 +1,9 @@
 #include "platform/qt/rich_text_control.h"
 
 #include <QClipboard>
+#include <QLineEdit>
 #include <QMimeData>
+#include <QScrollBar>
 #include <QTest>
 #include <QTextBlock>
 
@@ -117,6 +119,29 @@ class RichTextControlTest : public QObject {
     control.SetSelStart(0);
     control.SetSelLength(4);
     QCOMPARE(control.Bold(), -1);
+  }
+
+  void ATextPutIntoAnIdleControlShowsFromItsStart() {
+    QWidget window;
+    QLineEdit other(&window);
+    RichTextControl control(&window);
+    control.setGeometry(0, 30, 200, 60);
+    window.show();
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    other.setFocus();
+    const RichText text = RichText::FromPlainText(QString("line\n").repeated(50));
+    control.SetSelRichText(text);
+    QCOMPARE(control.verticalScrollBar()->value(), 0);
+    SelectAll(control);
+    QCOMPARE(control.verticalScrollBar()->value(), 0);
+    control.AppendText("more");
+    QVERIFY(control.viewport()->rect().contains(control.cursorRect()));
+    control.setFocus();
+    control.SetSelStart(0);
+    QCOMPARE(control.verticalScrollBar()->value(), 0);
+    control.SetSelRichText(text);
+    QVERIFY(control.verticalScrollBar()->value() > 0);
   }
 
   void AttributesToggleByNegation_data() {
