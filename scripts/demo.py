@@ -14,7 +14,7 @@ from harness.conditions import wait_equal, wait_until  # noqa: E402
 from harness.owners import copy  # noqa: E402
 from harness.program import Program, click, press  # noqa: E402
 
-PLAIN = "A line of plain text.\nAnd a second one, with ä, € and 漢字."
+PLAIN = "A line of plain text.\nAnd a second one, with ä, €, Привет and καλημέρα."
 RTF = r"""{\rtf1\ansi\deff0{\fonttbl{\f0 Liberation Serif;}{\f1 Liberation Sans;}}
 {\colortbl;\red180\green0\blue0;\red0\green70\blue160;}
 \f1\fs32\b\cf2 Rich text\b0\cf0\par\f0\fs24 with {\b bold}, {\i italic}, {\ul underlined} and {\cf1 red} words,\par

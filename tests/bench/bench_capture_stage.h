@@ -1,0 +1,66 @@
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include <QString>
+#include <QStringList>
+
+#include "app/frm_snipdeck.h"
+#include "platform/change_watch.h"
+#include "platform/qt/qt_message_box.h"
+#include "platform/x11/x11_clipboard_watch.h"
+
+namespace snipdeck::bench {
+
+/// Passes every change on and runs `afterChange` when it has been handled.
+class TimedWatch : public ChangeWatch {
+ public:
+  TimedWatch(ChangeWatch& inner, Handler afterChange) : m_inner(inner), m_afterChange(std::move(afterChange)) {}
+  void StartWatching(Handler onChange) override;
+  void StopWatching() override { m_inner.StopWatching(); }
+  bool IsWatching() const { return m_isWatching; }
+
+ private:
+  ChangeWatch& m_inner;
+  Handler m_afterChange;
+  bool m_isWatching = false;
+};
+
+/// The main window as main() puts it together, on the present display, with a clock behind each capture.
+class CaptureStage {
+ public:
+  CaptureStage();
+
+  /// One numbered copy, as it arrived in a box.
+  struct Capture {
+    int number;
+    qint64 nanoseconds;  ///< CLOCK_MONOTONIC once the box had its text
+  };
+  struct Run {
+    std::vector<Capture> captures;
+    std::vector<qint64> takenAt;  ///< entry n: when the owner took the clipboard for copy n; 0 if it did not
+  };
+  enum class Owner { One, NewProcessEach };
+
+  /// Another program makes `count` copies of 1 kB, numbered from 1, `interval` ms apart.
+  /// Returns when the last has arrived, or 5 s after it should have.
+  Run RunCopies(int count, int interval, Owner owner);
+  frmSnipdeck& Window() { return m_window; }
+
+ private:
+  void NoteCapture();
+  bool RunUntil(const std::function<bool()>& isDone, int milliseconds);
+
+  X11ClipboardWatch m_clipboard;
+  TimedWatch m_watch;
+  QtMessageBox m_messages;
+  frmSnipdeck m_window;
+  std::vector<Capture> m_captures;
+  std::function<void()> m_onCapture;
+};
+
+/// CLOCK_MONOTONIC in nanoseconds.
+qint64 Now();
+
+}  // namespace snipdeck::bench
