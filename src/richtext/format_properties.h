@@ -38,6 +38,8 @@ enum FormatProperty : int {
   kPageMarginTop,     ///< int
   kPageMarginRight,   ///< int
   kPageMarginBottom,  ///< int
+  kHeaderText,        ///< QString: text of the page header, paragraphs separated by "\n"; not part of the running text.
+  kFooterText,        ///< QString: text of the page footer.
 };
 
 enum class UnderlineKind : int { None, Single, Double, Thick, WordsOnly, ThickDotted, ThickDash, ThickDashDot,

@@ -1,0 +1,142 @@
+#include "richtext/document_builder.h"
+
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextList>
+#include <QTextTable>
+
+#include "richtext/table_grid.h"
+
+namespace snipdeck {
+namespace {
+
+// Qt walks over a list whenever an item joins it, so long lists go on in a further list object.
+constexpr int kMaxListItems = 500;
+// Qt numbers the cells of a table anew after each merge, so long tables go on in a further table.
+constexpr std::size_t kMaxRowsMerged = 100;
+constexpr std::size_t kMaxRowsPlain = 5000;
+// Deeper tables are written as plain paragraphs: Qt's layout recurses.
+constexpr int kMaxTableDepth = 12;
+
+}  // namespace
+
+DocumentBuilder::DocumentBuilder(QTextDocument& document, const FlowFormats& formats)
+    : m_document(document), m_formats(formats), m_hadUndo(document.isUndoRedoEnabled()) {
+  m_document.setUndoRedoEnabled(false);
+  m_body.cursor = QTextCursor(&m_document);
+  m_body.cursor.beginEditBlock();
+}
+
+DocumentBuilder::~DocumentBuilder() {
+  m_body.cursor.endEditBlock();
+  m_document.setUndoRedoEnabled(m_hadUndo);
+}
+
+void DocumentBuilder::Append(const Flow& flow) {
+  Write(m_body, flow);
+}
+
+void DocumentBuilder::Write(Place& place, const Flow& flow) {
+  std::size_t paragraph = 0;
+  std::size_t table = 0;
+  qsizetype paragraphAt = 0;
+  qsizetype at = 0;
+  for (std::size_t i = 0; i < flow.items.size(); ++i) {
+    const FlowItem& item = flow.items[i];
+    if (item.kind == FlowItem::Kind::Run) {
+      at += item.length;
+      continue;
+    }
+    if (item.kind == FlowItem::Kind::Table) {
+      WriteTable(place, *flow.tables[table++]);
+    } else {
+      WriteParagraph(place, flow, paragraph, i, paragraphAt);
+    }
+    paragraph = i + 1;
+    paragraphAt = at;
+  }
+}
+
+void DocumentBuilder::WriteParagraph(Place& place, const Flow& flow, std::size_t firstItem, std::size_t end,
+                                     qsizetype at) {
+  const FlowItem& mark = flow.items[end];
+  const QTextCharFormat& markFormat = m_formats.characters[static_cast<std::size_t>(mark.length)];
+  const QTextBlockFormat blockFormat = BlockFormat(place, mark.format);
+  QTextCursor& cursor = place.cursor;
+  if (place.fresh) {
+    cursor.setBlockFormat(blockFormat);
+    cursor.setBlockCharFormat(markFormat);
+    place.fresh = false;
+  } else {
+    cursor.insertBlock(blockFormat, markFormat);
+  }
+  StartList(place, mark.format);
+  for (std::size_t i = firstItem; i < end; ++i) {
+    const FlowItem& run = flow.items[i];
+    cursor.insertText(QString::fromRawData(flow.text.constData() + at, run.length),
+                      m_formats.characters[static_cast<std::size_t>(run.format)]);
+    at += run.length;
+  }
+}
+
+// A paragraph of a list that exists joins it through its format.
+QTextBlockFormat DocumentBuilder::BlockFormat(Place&, int index) {
+  const FlowFormats::Paragraph& paragraph = m_formats.paragraphs[static_cast<std::size_t>(index)];
+  QTextBlockFormat format = paragraph.format;
+  if (paragraph.list < 0) return format;
+  if (m_lists.size() < m_formats.lists.size()) m_lists.resize(m_formats.lists.size());
+  OpenList& open = m_lists[static_cast<std::size_t>(paragraph.list)];
+  if (open.list && open.items < kMaxListItems) {
+    format.setObjectIndex(open.list->objectIndex());
+    ++open.items;
+  }
+  return format;
+}
+
+void DocumentBuilder::StartList(Place& place, int index) {
+  const int list = m_formats.paragraphs[static_cast<std::size_t>(index)].list;
+  if (list < 0 || place.cursor.blockFormat().objectIndex() >= 0) return;
+  OpenList& open = m_lists[static_cast<std::size_t>(list)];
+  open.list = place.cursor.createList(m_formats.lists[static_cast<std::size_t>(list)]);
+  open.items = 1;
+}
+
+void DocumentBuilder::WriteTable(Place& place, const TableFlow& table) {
+  if (table.rows.empty()) return;
+  if (m_depth >= kMaxTableDepth) {
+    for (const RowFlow& row : table.rows) {
+      for (const Flow& cell : row.cells) Write(place, cell);
+    }
+    return;
+  }
+  ++m_depth;
+  std::size_t begin = 0;
+  while (begin < table.rows.size()) {
+    const std::size_t limit = TableGrid::NeedsMerging(table, begin, kMaxRowsPlain) ? kMaxRowsMerged : kMaxRowsPlain;
+    const std::size_t end = TableGrid::ChunkEnd(table, begin, limit);
+    WriteRows(place, table, begin, end);
+    begin = end;
+  }
+  --m_depth;
+}
+
+void DocumentBuilder::WriteRows(Place& place, const TableFlow& table, std::size_t begin, std::size_t end) {
+  const TableGrid grid(table, begin, end);
+  QTextTable* inserted = place.cursor.insertTable(grid.Rows(), grid.Columns(), grid.Format());
+  for (const TableGrid::Cell& cell : grid.Cells()) {
+    if (cell.rowSpan > 1 || cell.columnSpan > 1) {
+      inserted->mergeCells(cell.row, cell.column, cell.rowSpan, cell.columnSpan);
+    }
+  }
+  for (const TableGrid::Cell& cell : grid.Cells()) {
+    QTextTableCell target = inserted->cellAt(cell.row, cell.column);
+    target.setFormat(TableGrid::CellFormat(*cell.layout, cell.bottomLayout ? *cell.bottomLayout : *cell.layout));
+    Place inside{target.firstCursorPosition()};
+    for (const Flow* flow : cell.content) Write(inside, *flow);
+  }
+  place.cursor.setPosition(inserted->lastPosition() + 1);
+  place.cursor.setBlockFormat(QTextBlockFormat());
+  place.fresh = true;
+}
+
+}  // namespace snipdeck

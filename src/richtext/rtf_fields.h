@@ -1,0 +1,38 @@
+#pragma once
+
+#include "richtext/rtf_destination.h"
+
+#include <QStringList>
+
+#include <vector>
+
+namespace snipdeck {
+
+class RtfFormats;
+
+/// The fields that are open: their instructions, and what these mean for the results.
+class RtfFields {
+ public:
+  explicit RtfFields(RtfFormats& formats) : m_formats(formats) {}
+
+  void Begin() { m_instructions.emplace_back(); }
+  void End() { if (!m_instructions.empty()) m_instructions.pop_back(); }
+  /// The instruction of the innermost field, to be added to.
+  QString& Instruction();
+  /// The link that the innermost field's result carries, as kept in CharacterState; 0 for none.
+  int Link();
+  /// The character of a SYMBOL field, with its font; 0 when the innermost field is none.
+  int Symbol(QString& font) const;
+
+ private:
+  RtfFormats& m_formats;
+  std::vector<QString> m_instructions;
+  QString m_stray;
+};
+
+/// A field instruction as its words; quotes group, and a doubled backslash stands for one.
+QStringList SplitFieldInstruction(const QString& instruction);
+/// The target of a HYPERLINK instruction; empty for other instructions.
+QString HyperlinkTarget(const QString& instruction);
+
+}  // namespace snipdeck

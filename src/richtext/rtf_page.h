@@ -1,0 +1,26 @@
+#pragma once
+
+class QTextDocument;
+
+namespace snipdeck {
+
+/// Page size and margins in twips; 0 means that the text does not say. The first section's words count before the
+/// document's own.
+struct RtfPage {
+  struct Geometry {
+    int width = 0;
+    int height = 0;
+    int left = 0;
+    int top = 0;
+    int right = 0;
+    int bottom = 0;
+  };
+  Geometry document;
+  Geometry section;
+  bool sectionDone = false;  ///< The first section has ended.
+
+  /// Sets what is known as properties of the document's root frame.
+  void Store(QTextDocument& target) const;
+};
+
+}  // namespace snipdeck

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QByteArrayView>
+
+#include <string_view>
+
+namespace snipdeck {
+
+/// One piece of an RTF stream. The views point into the bytes that the tokenizer was given.
+struct RtfToken {
+  enum class Kind {
+    GroupStart,
+    GroupEnd,
+    Word,    ///< word, and value where hasValue.
+    Symbol,  ///< A control symbol; value is its character.
+    Text,    ///< bytes, without line ends.
+    Hex,     ///< A character escape; value is the byte, 0 to 255.
+    Binary,  ///< bytes of a \bin.
+  };
+  Kind kind = Kind::Text;
+  std::string_view word;
+  QByteArrayView bytes;
+  int value = 0;
+  bool hasValue = false;
+};
+
+/// Splits RTF into tokens. It knows no document: what it returns is what the bytes say, with every number clamped to the
+/// range of int, and it never fails: broken escapes are passed over, and after any byte it finds its way again.
+class RtfTokenizer {
+ public:
+  explicit RtfTokenizer(QByteArrayView rtf) : m_rtf(rtf) {}
+
+  /// The next token; false at the end of the bytes.
+  bool Next(RtfToken& token);
+
+ private:
+  void ReadText(RtfToken& token);
+  void ReadControl(RtfToken& token);
+  void ReadWord(RtfToken& token);
+  void ReadNumber(RtfToken& token);
+  void ReadHex(RtfToken& token);
+  void ReadBinary(RtfToken& token);
+  bool LooksComplete() const;
+
+  QByteArrayView m_rtf;
+  qsizetype m_at = 0;
+};
+
+}  // namespace snipdeck
