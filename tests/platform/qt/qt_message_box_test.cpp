@@ -11,23 +11,60 @@ namespace snipdeck {
 class QtMessageBoxTest : public QObject {
   Q_OBJECT
 
- private slots:
-  void TextsAreShownAsTheyAre() {
-    QWidget window;
-    window.show();
-    QString text;
-    QString caption;
-    QTimer::singleShot(0, &window, [&] {
+  QWidget m_window;
+
+  // Shows a message and does `act` to its box once that is open.
+  MessageAnswer Answer(const Message& message, const std::function<void(QMessageBox&)>& act) {
+    QTimer::singleShot(0, this, [&] {
       auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-      if (!box) return;
-      caption = box->windowTitle();
-      for (QLabel* label : box->findChildren<QLabel*>())
-        if (label->text() == box->text() && label->textFormat() == Qt::PlainText) text = label->text();
-      box->button(QMessageBox::Ok)->click();
+      if (box) act(*box);
     });
-    QtMessageBox(&window).ShowInformation("<b>&amp;</b>\r\nnot bold");
+    return QtMessageBox(&m_window).Show(message);
+  }
+
+ private slots:
+  void initTestCase() {
+    m_window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&m_window));
+  }
+
+  void TextsAreShownAsTheyAre() {
+    QString caption;
+    QStringList shown;
+    Answer({.text = "<b>&amp;</b>\r\nnot bold"}, [&](QMessageBox& box) {
+      caption = box.windowTitle();
+      for (const QLabel* label : box.findChildren<QLabel*>())
+        if (label->textFormat() == Qt::PlainText) shown << label->text();
+      box.button(QMessageBox::Ok)->click();
+    });
     QCOMPARE(caption, QString("QM_Snipdeck"));
-    QCOMPARE(text, QString("<b>&amp;</b>\r\nnot bold"));
+    QVERIFY(shown.contains("<b>&amp;</b>\nnot bold"));
+  }
+
+  void EnterAndEscapeAnswer_data() {
+    QTest::addColumn<int>("buttons");
+    QTest::addColumn<int>("defaultButton");
+    QTest::addColumn<int>("onEnter");
+    QTest::addColumn<int>("onEscape");
+    const auto row = [](const char* name, MessageButtons buttons, MessageAnswer preset, MessageAnswer onEnter,
+                        MessageAnswer onEscape) {
+      QTest::newRow(name) << int(buttons) << int(preset) << int(onEnter) << int(onEscape);
+    };
+    using enum MessageAnswer;
+    row("ok", MessageButtons::Ok, Ok, Ok, Ok);
+    row("yes or no", MessageButtons::YesNo, Ok, Yes, No);
+    row("no preset", MessageButtons::YesNo, No, No, No);
+    row("with cancel", MessageButtons::YesNoCancel, Ok, Yes, Cancel);
+    row("cancel preset", MessageButtons::YesNoCancel, Cancel, Cancel, Cancel);
+  }
+
+  void EnterAndEscapeAnswer() {
+    QFETCH(const int, buttons);
+    QFETCH(const int, defaultButton);
+    Message message{.text = "Well?", .buttons = MessageButtons(buttons)};
+    message.defaultButton = MessageAnswer(defaultButton);
+    QTEST(int(Answer(message, [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); })), "onEnter");
+    QTEST(int(Answer(message, [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); })), "onEscape");
   }
 };
 

@@ -72,7 +72,9 @@ class RichTextAppearanceTest : public QObject {
     control.SetBackColor(OleFromRgb(255, 255, 247));
     control.SetText(QString("HHH\n").repeated(4));
     control.setEnabled(enabled);
+    window.show();
     if (themeComesLater) QApplication::setPalette(DarkTheme());
+    QCoreApplication::processEvents();
     const QImage view = ViewOf(control);
     const QRgb background = qRgb(255, 255, 247);
     QCOMPARE(view.pixel(view.width() - 2, view.height() - 2), background);
