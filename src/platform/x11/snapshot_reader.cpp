@@ -22,8 +22,9 @@ xcb_atom_t PropertyPool::Take() {
   return m_connection.Atom("QM_SNIPDECK_" + QByteArray::number(m_made++ % kMaxProperties));
 }
 
-SnapshotReader::SnapshotReader(XConnection& connection, PropertyPool& pool, xcb_timestamp_t time, TransferLimits limits)
-    : m_connection(connection), m_pool(pool), m_time(time), m_limits(limits) {
+SnapshotReader::SnapshotReader(XConnection& connection, PropertyPool& pool, xcb_timestamp_t time, CopyOrigin origin,
+                               TransferLimits limits)
+    : m_connection(connection), m_pool(pool), m_time(time), m_origin(std::move(origin)), m_limits(limits) {
   for (QTimer* timer : {&m_stallTimer, &m_supersededTimer}) timer->setSingleShot(true);
   m_stallTimer.setInterval(m_limits.stallMs);
   m_supersededTimer.setInterval(m_limits.supersededMs);
@@ -32,8 +33,16 @@ SnapshotReader::SnapshotReader(XConnection& connection, PropertyPool& pool, xcb_
   AskForTargets();
 }
 
-SnapshotReader::SnapshotReader(XConnection& connection, PropertyPool& pool, ClipboardSnapshot contents)
-    : m_connection(connection), m_pool(pool), m_stage(Stage::Finished), m_snapshot(std::move(contents)) {}
+SnapshotReader::SnapshotReader(XConnection& connection, PropertyPool& pool, ClipboardSnapshot contents,
+                               CopyOrigin origin, const std::vector<QByteArray>& targets)
+    : m_connection(connection),
+      m_pool(pool),
+      m_origin(std::move(origin)),
+      m_stage(Stage::Finished),
+      m_snapshot(std::move(contents)) {
+  for (const QByteArray& target : targets) m_offered.push_back(m_connection.Atom(target));
+  NoteOrigin();
+}
 
 SnapshotReader::~SnapshotReader() {
   for (const auto& transfer : m_transfers) {
@@ -104,19 +113,41 @@ void SnapshotReader::TargetsArrived() {
   const auto count = std::min<qsizetype>(bytes.size() / qsizetype{sizeof(xcb_atom_t)}, kMaxTargets);
   m_offered.resize(static_cast<size_t>(count));
   std::memcpy(m_offered.data(), bytes.constData(), static_cast<size_t>(count) * sizeof(xcb_atom_t));
-  if (IsOffered(kSecrecyTarget)) {
-    m_secrecy = Ask(kSecrecyTarget);
-    m_stage = Stage::Secrecy;
-  } else {
-    AskForContents();
+  NoteOrigin();
+  for (const char* target : SecrecyTargets()) {
+    if (IsOffered(target)) m_secrecyLeft.push_back(target);
   }
+  m_stage = Stage::Secrecy;
+  AskForSecrecy();
+}
+
+void SnapshotReader::NoteOrigin() {
+  const auto offered = [this](std::span<const char* const> targets) {
+    std::vector<xcb_atom_t> found;
+    for (const char* target : targets) {
+      if (IsOffered(target)) found.push_back(m_connection.Atom(target));
+    }
+    return found;
+  };
+  for (const auto targets : {RichTextTargets(), TextTargets(), ImageTargets(), OtherReadTargets()}) {
+    const std::vector<xcb_atom_t> found = offered(targets);
+    m_origin.readable.insert(m_origin.readable.end(), found.begin(), found.end());
+  }
+  std::sort(m_origin.readable.begin(), m_origin.readable.end());
+  m_origin.targetCount = m_offered.size() - offered(ProtocolTargets()).size();
+}
+
+void SnapshotReader::AskForSecrecy() {
+  if (m_secrecyLeft.empty()) return AskForContents();
+  m_secrecy = Ask(m_secrecyLeft.back());
 }
 
 void SnapshotReader::SecrecyArrived() {
   // An owner that marks its contents but does not say how gets the benefit of the doubt: they stay unread.
   const bool told = m_secrecy->CurrentState() == SelectionTransfer::State::Done;
-  if (!told || m_secrecy->Bytes().startsWith("secret")) return Finish();
-  AskForContents();
+  if (!told || MeansSecret(m_secrecyLeft.back(), m_secrecy->Bytes())) return Finish();
+  m_secrecyLeft.pop_back();
+  AskForSecrecy();
 }
 
 bool SnapshotReader::IsOffered(const char* target) {

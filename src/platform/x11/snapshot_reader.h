@@ -8,6 +8,7 @@
 #include <QTimer>
 
 #include "platform/clipboard.h"
+#include "platform/x11/echo_filter.h"
 #include "platform/x11/selection_transfer.h"
 
 namespace snipdeck {
@@ -32,9 +33,12 @@ class SnapshotReader : public QObject {
   Q_OBJECT
 
  public:
-  SnapshotReader(XConnection& connection, PropertyPool& pool, xcb_timestamp_t time, TransferLimits limits);
-  /// Finished from the start: contents that needed no reading.
-  SnapshotReader(XConnection& connection, PropertyPool& pool, ClipboardSnapshot contents);
+  /// `time` is that of the owner's claim; `origin` has no targets yet.
+  SnapshotReader(XConnection& connection, PropertyPool& pool, xcb_timestamp_t time, CopyOrigin origin,
+                 TransferLimits limits);
+  /// Finished from the start: contents that needed no reading, offered under these targets.
+  SnapshotReader(XConnection& connection, PropertyPool& pool, ClipboardSnapshot contents, CopyOrigin origin,
+                 const std::vector<QByteArray>& targets);
   ~SnapshotReader() override;
 
   void HandleNotify(const xcb_selection_notify_event_t& event);
@@ -49,6 +53,8 @@ class SnapshotReader : public QObject {
   /// False if nothing could be read, or if the contents are secret.
   bool HasContents() const;
   const ClipboardSnapshot& Snapshot() const { return m_snapshot; }
+  /// Complete once the list of targets has been read.
+  const CopyOrigin& Origin() const { return m_origin; }
 
  signals:
   void Finished();
@@ -62,7 +68,9 @@ class SnapshotReader : public QObject {
   void AskForNextRichText();
   void Advance();
   void TargetsArrived();
+  void AskForSecrecy();
   void SecrecyArrived();
+  void NoteOrigin();
   void ContentsArrived();
   bool IsOffered(const char* target);
   bool AnyOffered(std::span<const char* const> targets);
@@ -74,6 +82,7 @@ class SnapshotReader : public QObject {
   XConnection& m_connection;
   PropertyPool& m_pool;
   xcb_timestamp_t m_time = XCB_CURRENT_TIME;
+  CopyOrigin m_origin;
   TransferLimits m_limits;
   Stage m_stage = Stage::Targets;
   bool m_superseded = false;
@@ -82,6 +91,7 @@ class SnapshotReader : public QObject {
   std::vector<QByteArray> m_richTextLeft;
   SelectionTransfer* m_targets = nullptr;
   SelectionTransfer* m_secrecy = nullptr;
+  std::vector<QByteArray> m_secrecyLeft;
   SelectionTransfer* m_richText = nullptr;
   SelectionTransfer* m_text = nullptr;
   SelectionTransfer* m_files = nullptr;

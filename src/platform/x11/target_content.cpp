@@ -1,9 +1,15 @@
 #include "platform/x11/target_content.h"
 
-#include <QMimeData>
 #include <QUrl>
 
 namespace snipdeck {
+
+namespace {
+
+constexpr char kPasswordManagerHint[] = "x-kde-passwordManagerHint";
+constexpr char kMayEnterHistory[] = "CanIncludeInClipboardHistory";
+
+}  // namespace
 
 std::span<const char* const> RichTextTargets() {
   static constexpr const char* names[] = {"text/rtf", "application/rtf", "text/richtext", "Rich Text Format"};
@@ -28,6 +34,30 @@ std::span<const char* const> FileManagerTargets() {
   return names;
 }
 
+std::span<const char* const> OtherReadTargets() {
+  static constexpr const char* names[] = {kHtmlTarget, kUriListTarget};
+  return names;
+}
+
+std::span<const char* const> ProtocolTargets() {
+  static constexpr const char* names[] = {"TARGETS", "TIMESTAMP",        "MULTIPLE",       "SAVE_TARGETS",
+                                          "DELETE",  "INSERT_SELECTION", "INSERT_PROPERTY"};
+  return names;
+}
+
+std::span<const char* const> SecrecyTargets() {
+  static constexpr const char* names[] = {kPasswordManagerHint, "Clipboard Viewer Ignore",
+                                          "ExcludeClipboardContentFromMonitorProcessing", kMayEnterHistory};
+  return names;
+}
+
+bool MeansSecret(const QByteArray& target, const QByteArray& value) {
+  if (target == kPasswordManagerHint) return value.startsWith("secret");
+  // A number of four bytes; the other names say it by being there.
+  if (target == kMayEnterHistory) return value.count('\0') == value.size();
+  return true;
+}
+
 bool LooksLikeRtf(const QByteArray& bytes) {
   return bytes.startsWith("{\\rtf");
 }
@@ -47,27 +77,6 @@ QStringList DecodeUriList(const QByteArray& bytes) {
     paths.append(url.isLocalFile() ? url.toLocalFile() : QString::fromUtf8(line));
   }
   return paths;
-}
-
-ClipboardSnapshot SnapshotOfMimeData(const QMimeData& data) {
-  ClipboardSnapshot snapshot;
-  for (const char* target : RichTextTargets()) {
-    const QByteArray bytes = data.data(QString::fromLatin1(target));
-    if (!LooksLikeRtf(bytes)) continue;
-    snapshot.hasRichText = true;
-    snapshot.richText = {RichTextPayload::Encoding::Rtf, bytes};
-    break;
-  }
-  if (!snapshot.hasRichText && data.hasHtml()) {
-    snapshot.hasRichText = true;
-    snapshot.richText = {RichTextPayload::Encoding::Html, data.html().toUtf8()};
-  }
-  snapshot.hasText = data.hasText();
-  snapshot.text = data.text();
-  snapshot.hasBitmap = data.hasImage();
-  for (const QUrl& url : data.urls()) snapshot.files.append(url.isLocalFile() ? url.toLocalFile() : url.toString());
-  snapshot.hasFileList = !snapshot.files.isEmpty();
-  return snapshot;
 }
 
 }  // namespace snipdeck

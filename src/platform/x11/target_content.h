@@ -8,8 +8,6 @@
 
 #include "platform/clipboard.h"
 
-class QMimeData;
-
 namespace snipdeck {
 
 /// Target names by meaning, the preferred one first.
@@ -20,8 +18,16 @@ std::span<const char* const> ImageTargets();
 std::span<const char* const> FileManagerTargets();
 inline constexpr char kHtmlTarget[] = "text/html";
 inline constexpr char kUriListTarget[] = "text/uri-list";
-/// Password managers set it to "secret".
-inline constexpr char kSecrecyTarget[] = "x-kde-passwordManagerHint";
+/// The two above.
+std::span<const char* const> OtherReadTargets();
+/// What every owner answers besides its contents.
+std::span<const char* const> ProtocolTargets();
+
+/// Names by which owners ask clipboard programs to leave their contents alone. Some tell it by their value, and one
+/// whose value cannot be read counts as told.
+std::span<const char* const> SecrecyTargets();
+/// Whether the value that came under a name of SecrecyTargets() asks for that.
+bool MeansSecret(const QByteArray& target, const QByteArray& value);
 
 /// True if the bytes begin as RTF does; text/richtext may also be a mail format of the same name.
 bool LooksLikeRtf(const QByteArray& bytes);
@@ -29,8 +35,5 @@ bool LooksLikeRtf(const QByteArray& bytes);
 QString DecodeText(const QByteArray& target, const QByteArray& bytes);
 /// The paths of local files and the addresses of others, in the order of the list.
 QStringList DecodeUriList(const QByteArray& bytes);
-
-/// What this program itself put on the clipboard, read without the X server.
-ClipboardSnapshot SnapshotOfMimeData(const QMimeData& data);
 
 }  // namespace snipdeck

@@ -6,13 +6,12 @@
 #include "platform/clipboard.h"
 #include "platform/x11/snapshot_reader.h"
 
-struct xcb_xfixes_selection_notify_event_t;
-
 namespace snipdeck {
 
 /// Watches the clipboard of an X server through XFixes and reads every change in the background, several at a time,
-/// each bounded. Changes are told in the order in which they were made. What the clipboard holds when the watch starts
-/// is told as the first change, since reading it takes another program's answer too.
+/// each bounded. Changes are told in the order in which they were made, except what a second clipboard program makes of
+/// a copy by taking it over at once. What the clipboard holds when the watch starts is told as the first change, since
+/// reading it takes another program's answer too.
 class X11ClipboardWatch : public QObject, public ChangeWatch, public Clipboard {
   Q_OBJECT
 
@@ -21,7 +20,7 @@ class X11ClipboardWatch : public QObject, public ChangeWatch, public Clipboard {
   ~X11ClipboardWatch() override;
 
   /// False without an X server or where it has no XFixes; then no change is ever told.
-  bool IsWorking() const { return m_firstFixesEvent != 0; }
+  bool IsWorking() const { return m_isWorking; }
 
   void StartWatching(Handler onChange) override;
   void StopWatching() override;
@@ -32,20 +31,21 @@ class X11ClipboardWatch : public QObject, public ChangeWatch, public Clipboard {
   QStringList FileList() const override { return m_current.files; }
 
  private:
-  void SelectEvents(uint32_t mask);
+  CopyOrigin OriginOf(xcb_window_t owner, xcb_timestamp_t time) const;
   void HandleEvent(const xcb_generic_event_t* event);
   void HandleOwnerChange(const xcb_xfixes_selection_notify_event_t& event);
-  void BeginReading(xcb_timestamp_t time);
+  void BeginReading(xcb_timestamp_t time, const CopyOrigin& origin);
   void TellFinished();
   bool FrontMayEchoNext() const;
 
   XConnection m_connection;
   PropertyPool m_pool;
   TransferLimits m_limits;
-  uint8_t m_firstFixesEvent = 0;
+  bool m_isWorking = false;
   Handler m_onChange;
   std::deque<std::unique_ptr<SnapshotReader>> m_readers;
   ClipboardSnapshot m_current;
+  EchoFilter m_echoes;
   bool m_telling = false;
 };
 

@@ -7,6 +7,7 @@
 #include <QObject>
 
 #include <xcb/xcb.h>
+#include <xcb/xfixes.h>
 
 class QSocketNotifier;
 
@@ -30,7 +31,23 @@ class XConnection : public QObject {
   xcb_atom_t Atom(const QByteArray& name);
   /// As Atom for many names at once, in one round trip.
   void InternAll(const std::vector<QByteArray>& names);
+  /// The names of the atoms, in one round trip for those not known yet. Empty for what is no atom, and for a name of
+  /// more than kLongestName bytes.
+  std::vector<QByteArray> Names(const std::vector<xcb_atom_t>& atoms);
+  static constexpr int kLongestName = 1024;
+
+  /// Asks for an event at each change of the clipboard's owner, or for none. False where the server has no XFixes.
+  bool ListenForOwners(bool isOn);
+  /// The event that ListenForOwners() asked for, if `event` is one; else null.
+  const xcb_xfixes_selection_notify_event_t* AsOwnerChange(const xcb_generic_event_t* event) const;
+  /// The window that owns the clipboard now, 0 for none; one round trip.
+  xcb_window_t SelectionOwner(const QByteArray& selection = "CLIPBOARD");
+
   void Flush();
+  /// Waits for the server at most so many milliseconds, outside the event loop, and handles what has arrived.
+  void WaitAndDispatch(int milliseconds);
+  /// Handles what has arrived.
+  void DispatchEvents();
 
  signals:
   void EventArrived(const xcb_generic_event_t* event);
@@ -41,12 +58,15 @@ class XConnection : public QObject {
   };
 
   void CreateWindow();
-  void DispatchEvents();
+  uint8_t InitXFixes() const;
+  void FetchNames(const std::vector<xcb_atom_t>& atoms);
 
   std::unique_ptr<xcb_connection_t, Disconnect> m_connection;
   xcb_window_t m_window = XCB_WINDOW_NONE;
   QSocketNotifier* m_notifier = nullptr;
+  uint8_t m_firstFixesEvent = 0;
   QHash<QByteArray, xcb_atom_t> m_atoms;
+  QHash<xcb_atom_t, QByteArray> m_names;
   bool m_dispatching = false;
 };
 

@@ -4,6 +4,8 @@
 #include <QTest>
 #include <QUrl>
 
+#include "platform/x11/own_contents.h"
+
 namespace snipdeck {
 
 class TargetContentTest : public QObject {
