@@ -15,4 +15,4 @@ while [ "$now" != "$before" ]; do
   before=$now
   now=$(resident)
 done
-awk -v kb="$now" 'BEGIN { printf "  resident memory after the start %.1f MB (mark: 60 or less)%s\n", kb / 1024, kb > 60 * 1024 ? "  MISSED" : "" }'
+awk -v kb="$now" 'BEGIN { printf "  resident memory after the start %.1f MB (mark: 60 or less)%s\n", kb / 1024, (kb > 60 * 1024 ? "  MISSED" : "") }'

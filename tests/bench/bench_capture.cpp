@@ -65,6 +65,17 @@ void BenchLatency() {
   PrintFigure("the same with 10 MB in the cumulative box, 99th percentile", full.p99, "ms", 2 * empty.p99);
 }
 
+/// How long the lost copies stood before the next one, in milliseconds, for whoever looks into a loss.
+void PrintLost(const CaptureStage::Run& run) {
+  std::vector<bool> captured(run.takenAt.size() + 1, false);
+  for (const auto& capture : run.captures) captured.at(static_cast<size_t>(capture.number)) = true;
+  for (size_t n = 1; n + 1 < run.takenAt.size(); ++n) {
+    if (captured[n]) continue;
+    const double stood = static_cast<double>(run.takenAt[n + 1] - run.takenAt[n]) / 1e6;
+    std::printf("    copy %zu was lost; it stood %.1f ms\n", n, stood);
+  }
+}
+
 void BenchBurst(const char* what, int interval, CaptureStage::Owner owner) {
   constexpr int kCount = 1000;
   CaptureStage stage;
@@ -75,6 +86,7 @@ void BenchBurst(const char* what, int interval, CaptureStage::Owner owner) {
   g_missedMark |= !met;
   std::printf("  %d copies %2d ms apart, %-38s %8zu captured, %s (mark: all, in order)%s\n", kCount, interval, what,
               run.captures.size(), inOrder ? "in order" : "not in order", met ? "" : "  MISSED");
+  PrintLost(run);
   std::fflush(stdout);
 }
 
