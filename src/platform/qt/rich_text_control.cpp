@@ -109,11 +109,11 @@ int RichTextControl::LastPosition() const {
   return document()->characterCount() - 1;
 }
 
-// A control in which nobody works keeps showing what it shows, so that a text put into it can be read from its start.
-void RichTextControl::PlaceCaret(const QTextCursor& cursor) {
+// The view goes along with the caret or keeps showing what it shows.
+void RichTextControl::PlaceCaret(const QTextCursor& cursor, bool inView) {
   const QPoint seen(horizontalScrollBar()->value(), verticalScrollBar()->value());
   setTextCursor(cursor);
-  if (hasFocus()) return;
+  if (inView) return;
   horizontalScrollBar()->setValue(seen.x());
   verticalScrollBar()->setValue(seen.y());
 }
@@ -125,7 +125,7 @@ int RichTextControl::SelStart() const {
 void RichTextControl::SetSelStart(int position) {
   QTextCursor cursor = textCursor();
   cursor.setPosition(std::clamp(position, 0, LastPosition()));
-  PlaceCaret(cursor);
+  PlaceCaret(cursor, hasFocus());
 }
 
 int RichTextControl::SelLength() const {
@@ -139,7 +139,7 @@ void RichTextControl::SetSelLength(int length) {
   const int rest = LastPosition() - start;
   cursor.setPosition(start);
   cursor.setPosition(start + (length < 0 ? rest : std::min(length, rest)), QTextCursor::KeepAnchor);
-  PlaceCaret(cursor);
+  PlaceCaret(cursor, hasFocus());
 }
 
 QString RichTextControl::SelText() const {
@@ -149,7 +149,7 @@ QString RichTextControl::SelText() const {
 void RichTextControl::SetSelText(const QString& text) {
   QTextCursor cursor = textCursor();
   cursor.insertText(text);
-  PlaceCaret(cursor);
+  PlaceCaret(cursor, hasFocus());
 }
 
 QByteArray RichTextControl::SelRtf() const {
@@ -166,13 +166,13 @@ RichText RichTextControl::SelRichText() const {
   return RichText::FromDocument(*document(), cursor.selectionStart(), cursor.selectionEnd());
 }
 
-// Where nobody works in the control, a long text shows from its start while the rest is still being placed; the caret
-// of a control with the focus has to be seen.
+// What fills an empty control can be read from its start, a long text while the rest of it is still being placed.
 void RichTextControl::SetSelRichText(const RichText& text) {
-  const LayoutPause pause(*this, !hasFocus() && text.Document().characterCount() > kLongText);
+  const bool inView = hasFocus() && !document()->isEmpty();
+  const LayoutPause pause(*this, !inView && text.Document().characterCount() > kLongText);
   QTextCursor cursor = textCursor();
   text.InsertAt(cursor);
-  PlaceCaret(cursor);
+  PlaceCaret(cursor, inView);
 }
 
 void RichTextControl::AppendText(const QString& text) {
@@ -387,6 +387,7 @@ bool RichTextControl::canInsertFromMimeData(const QMimeData* source) const {
 void RichTextControl::insertFromMimeData(const QMimeData* source) {
   if (isReadOnly()) return;
   if (const auto text = RichTextFromMime(*source)) SetSelRichText(*text);
+  ensureCursorVisible();
 }
 
 }  // namespace snipdeck

@@ -19,7 +19,8 @@ class ZoomedDevice;
 
 /// The rich-text editing control behind every box, the large view, the cumulative box and the staging text.
 /// Positions and lengths count characters as the document does (UTF-16 units, one for a paragraph end). The view
-/// follows the caret that these operations move while the control has the focus, and otherwise stays where it is.
+/// follows the caret that these operations move while the control has the focus, and otherwise stays where it is;
+/// formatted text that fills an empty control shows from its start.
 class RichTextControl : public QTextEdit {
   Q_OBJECT
 
@@ -119,7 +120,7 @@ class RichTextControl : public QTextEdit {
  private:
   void ApplyPalette();
   int LastPosition() const;
-  void PlaceCaret(const QTextCursor& cursor);
+  void PlaceCaret(const QTextCursor& cursor, bool inView);
   bool SelectionHas(bool (*attribute)(const QTextCharFormat&)) const;
 
   int m_viewMode = 0;

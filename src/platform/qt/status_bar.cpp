@@ -72,7 +72,7 @@ TXStatusBar::TXStatusBar(QWidget* parent) : ControlCompanion(parent), m_place(ne
   small.setPixelSize(kFontPixels);
   setFont(small);
   auto* const row = new QHBoxLayout(this);
-  row->setContentsMargins(4, 0, 4, 0);
+  row->setContentsMargins(4, 0, 10, 0);
   for (QLabel* label : {m_place, m_extent}) {
     label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
     row->addWidget(label, label == m_place ? 3 : 2);

@@ -121,7 +121,7 @@ class RichTextControlTest : public QObject {
     QCOMPARE(control.Bold(), -1);
   }
 
-  void ATextPutIntoAnIdleControlShowsFromItsStart() {
+  void ANewTextShowsFromItsStart() {
     QWidget window;
     QLineEdit other(&window);
     RichTextControl control(&window);
@@ -138,10 +138,18 @@ class RichTextControlTest : public QObject {
     control.AppendText("more");
     QVERIFY(control.viewport()->rect().contains(control.cursorRect()));
     control.setFocus();
+    control.SetText("");
+    control.SetSelRichText(text);
+    QCOMPARE(control.verticalScrollBar()->value(), 0);
     for (const int position : {0, 200}) {
       control.SetSelStart(position);
       QVERIFY(control.viewport()->rect().contains(control.cursorRect()));
     }
+    SelectAll(control);
+    control.ClipboardAction(2);
+    control.SetText("");
+    control.ClipboardAction(3);
+    QVERIFY(control.viewport()->rect().contains(control.cursorRect()));
   }
 
   void AttributesToggleByNegation_data() {
