@@ -18,6 +18,14 @@ constexpr std::size_t kMaxRowsPlain = 5000;
 // Deeper tables are written as plain paragraphs: Qt's layout recurses.
 constexpr int kMaxTableDepth = 12;
 
+// A cell's format and that of its first paragraph's mark are one and the same: the former must not be lost to the latter.
+void SetCellFormat(QTextTableCell& cell, const QTextTableCellFormat& format) {
+  QTextCharFormat both = cell.format();
+  both.clearBackground();
+  both.merge(format);
+  cell.setFormat(both);
+}
+
 }  // namespace
 
 DocumentBuilder::DocumentBuilder(QTextDocument& document, const FlowFormats& formats)
@@ -130,9 +138,9 @@ void DocumentBuilder::WriteRows(Place& place, const TableFlow& table, std::size_
   }
   for (const TableGrid::Cell& cell : grid.Cells()) {
     QTextTableCell target = inserted->cellAt(cell.row, cell.column);
-    target.setFormat(TableGrid::CellFormat(*cell.layout, cell.bottomLayout ? *cell.bottomLayout : *cell.layout));
     Place inside{target.firstCursorPosition()};
     for (const Flow* flow : cell.content) Write(inside, *flow);
+    SetCellFormat(target, TableGrid::CellFormat(*cell.layout, cell.bottomLayout ? *cell.bottomLayout : *cell.layout));
   }
   place.cursor.setPosition(inserted->lastPosition() + 1);
   place.cursor.setBlockFormat(QTextBlockFormat());
