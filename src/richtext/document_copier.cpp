@@ -7,6 +7,7 @@
 #include <QTextFragment>
 #include <QTextFrame>
 #include <QTextList>
+#include <QTextTable>
 #include <QUrl>
 #include <QVariant>
 
@@ -44,11 +45,17 @@ class RunCopier {
   /// Gives the caret's paragraph the format of `block`, its list included.
   void TakeFormat(const QTextBlock& block) {
     m_cursor.setBlockFormat(BlockFormat(block));
-    m_cursor.setBlockCharFormat(block.charFormat());
+    if (!StartsCell()) m_cursor.setBlockCharFormat(block.charFormat());
     JoinList(block);
   }
 
  private:
+  // The mark of a cell's first paragraph carries the format of the cell.
+  bool StartsCell() const {
+    const QTextTable* const table = m_cursor.currentTable();
+    return table && table->cellAt(m_cursor).firstPosition() == m_cursor.block().position();
+  }
+
   void CopyRuns(const QTextBlock& block, int begin, int end) {
     for (auto it = block.begin(); !it.atEnd(); ++it) {
       const QTextFragment run = it.fragment();

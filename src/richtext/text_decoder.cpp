@@ -26,7 +26,8 @@ const char* GuessUtf16(QByteArrayView bytes) {
 
 bool IsForbidden(char16_t character) {
   if (character < 0x20) return character != u'\t' && character != u'\n';
-  return character == 0xFFFC || character >= 0xFFFE || (character >= 0xFDD0 && character <= 0xFDEF);
+  return (character >= 0x7F && character < 0xA0) || character == 0xFFFC || character >= 0xFFFE ||
+         (character >= 0xFDD0 && character <= 0xFDEF);
 }
 
 }  // namespace
@@ -69,7 +70,7 @@ QString CleanText(const QString& text) {
   for (qsizetype i = 0; i < text.size(); ++i) {
     const QChar character = text[i];
     const QChar next = i + 1 < text.size() ? text[i + 1] : QChar();
-    if (character == u'\r' || character == QChar::ParagraphSeparator) {
+    if (character == u'\r' || character == QChar::ParagraphSeparator || character == QChar(0x85)) {
       if (character != u'\r' || next != u'\n') clean += u'\n';
     } else if (character.isHighSurrogate() && next.isLowSurrogate()) {
       clean.append(character).append(next);
