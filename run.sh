@@ -15,7 +15,7 @@ elif [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
 fi
 
 scripts/packages.sh build run ${demo:+display}
-cmake --preset release -DSNIPDECK_TESTS=OFF
+cmake --log-level=NOTICE --preset release -DSNIPDECK_TESTS=OFF
 cmake --build --preset release --target qm_snipdeck
 
 if [ -n "$demo" ]; then

@@ -5,6 +5,6 @@ set -euo pipefail
 cd "$(dirname "$0")"
 
 scripts/packages.sh build run display
-cmake --preset debug
+cmake --log-level=NOTICE --preset debug
 cmake --build --preset debug
 exec scripts/private_display.sh ctest --preset debug --parallel "$(nproc)" "$@"

@@ -6,7 +6,7 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 scripts/packages.sh build run display
-cmake --preset release -DSNIPDECK_TESTS=ON >/dev/null
+cmake --log-level=NOTICE --preset release -DSNIPDECK_TESTS=ON
 cmake --build --preset release --target qm_snipdeck bench_capture clipboard_owner
 
 bin=$PWD/build/release/bin
