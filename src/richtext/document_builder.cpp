@@ -73,7 +73,8 @@ void DocumentBuilder::WriteParagraph(Place& place, const Flow& flow, std::size_t
   QTextCursor& cursor = place.cursor;
   if (place.fresh) {
     cursor.setBlockFormat(blockFormat);
-    cursor.setBlockCharFormat(markFormat);
+    // The mark of a cell's first paragraph shares its format with the cell, which must not be lost.
+    m_depth > 0 ? cursor.mergeBlockCharFormat(markFormat) : cursor.setBlockCharFormat(markFormat);
     place.fresh = false;
   } else {
     cursor.insertBlock(blockFormat, markFormat);
@@ -140,7 +141,7 @@ void DocumentBuilder::WriteRows(Place& place, const TableFlow& table, std::size_
     QTextTableCell target = inserted->cellAt(cell.row, cell.column);
     Place inside{target.firstCursorPosition()};
     for (const Flow* flow : cell.content) Write(inside, *flow);
-    SetCellFormat(target, TableGrid::CellFormat(*cell.layout, cell.bottomLayout ? *cell.bottomLayout : *cell.layout));
+    SetCellFormat(target, TableGrid::CellFormat(cell));
   }
   place.cursor.setPosition(inserted->lastPosition() + 1);
   place.cursor.setBlockFormat(QTextBlockFormat());

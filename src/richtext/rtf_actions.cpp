@@ -98,7 +98,7 @@ void EndParagraph(RtfParser& parser, int) {
 }
 
 void EndSection(RtfParser& parser, int) {
-  parser.Page().sectionDone = true;
+  ++parser.Page().sectionsEnded;
   if (RtfBody* body = parser.Body()) body->EndSection();
 }
 
@@ -124,10 +124,18 @@ void EndNestedRow(RtfParser& parser, int) {
 
 void NestedRowWords(RtfParser& parser, int) { parser.State().nestedRow = true; }
 
+// The mark in the text comes before the group that says which kind of note it is.
 void NoteNumber(RtfParser& parser, int) {
+  const RtfNotes& notes = parser.Notes();
   const bool inside = parser.State().insideNote;
-  parser.Emit(QString::number(parser.Notes().Number(inside)));
+  parser.Emit(QString::number(inside ? notes.NumberInside() : notes.NumberOfNext(parser.EndnoteComesNext())));
 }
+
+void Endnote(RtfParser& parser, int) {
+  if (parser.State().insideNote) parser.Notes().BecomeEndnote();
+}
+
+void SectionNumber(RtfParser& parser, int) { parser.Emit(QString::number(parser.Page().sectionsEnded + 1)); }
 
 void BorderOfParagraph(RtfParser& parser, int side) {
   static constexpr const char* kSides[] = {"\\brdrt", "\\brdrl", "\\brdrb", "\\brdrr", "\\box", "\\brdrbtw"};

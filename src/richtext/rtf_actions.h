@@ -31,6 +31,8 @@ void EndRow(RtfParser& parser, int);
 void EndNestedRow(RtfParser& parser, int);
 void NestedRowWords(RtfParser& parser, int);
 void NoteNumber(RtfParser& parser, int);
+void Endnote(RtfParser& parser, int);
+void SectionNumber(RtfParser& parser, int);
 
 void BorderOfParagraph(RtfParser& parser, int side);
 void BorderStyle(RtfParser& parser, int qtStyle);

@@ -22,22 +22,24 @@ bool HasForbidden(QStringView text) {
   return std::any_of(text.begin(), text.end(), [](QChar c) { return IsForbidden(c.unicode()); });
 }
 
+QString Filtered(QStringView text) {
+  QString filtered;
+  for (const QChar c : text) {
+    if (c == u'\n' || c == u'\v' || c == QChar::ParagraphSeparator) {
+      filtered.append(QChar::LineSeparator);
+    } else if (!IsForbidden(c.unicode())) {
+      filtered.append(c);
+    }
+  }
+  return filtered;
+}
+
 }  // namespace
 
 void RtfBody::Text(QStringView text) {
   const GroupState& state = m_parser.State();
   if (state.character.hidden && !m_parser.IsForDocument()) return;
-  if (HasForbidden(text)) {
-    m_filtered.clear();
-    for (const QChar c : text) {
-      if (c == u'\n' || c == u'\v' || c == QChar::ParagraphSeparator) {
-        m_filtered.append(QChar::LineSeparator);
-      } else if (!IsForbidden(c.unicode())) {
-        m_filtered.append(c);
-      }
-    }
-    text = m_filtered;
-  }
+  if (HasForbidden(text)) text = m_filtered = Filtered(text);
   m_paragraph.AddRun(text, m_parser.Formats().Character(state.character));
 }
 
@@ -85,7 +87,10 @@ void RtfBody::MoveParagraphTo(Flow& target) {
     m_breakBefore = false;
   }
   const int mark = m_parser.Formats().Character(m_parser.State().character);
-  m_paragraph.EndParagraph(m_parser.ParagraphFormat(paragraph), mark);
+  QString label;
+  const int format = m_parser.ParagraphFormat(paragraph, label);
+  if (!label.isEmpty()) m_paragraph.Prepend(Filtered(label), mark);
+  m_paragraph.EndParagraph(format, mark);
   target.Append(std::move(m_paragraph));
   if (!m_after.IsEmpty()) target.Append(std::move(m_after));
 }

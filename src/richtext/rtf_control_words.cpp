@@ -56,7 +56,7 @@ void DocumentPage(RtfParser& parser, int twips) {
 
 template <auto Member>
 void SectionPage(RtfParser& parser, int twips) {
-  if (!parser.Page().sectionDone) parser.Page().section.*Member = std::clamp(twips, 0, 4 * kMaxTwips);
+  if (parser.Page().sectionsEnded == 0) parser.Page().section.*Member = std::clamp(twips, 0, 4 * kMaxTwips);
 }
 
 // Sorted by word. \clpadt and \clpadl mean each other: their first writer mixed them up, and everyone followed.
@@ -199,6 +199,7 @@ constexpr RtfControlWord kWords[] = {
     {"footnote", Kind::Destination, 0, rtf_openers::Footnote},
     {"formfield", Kind::Skip, 0, nullptr},
     {"fs", Kind::Value, 24, Character<&CharacterState::size, 2, 3276>},
+    {"ftnalt", Kind::Flag, 0, rtf_actions::Endnote},
     {"ftncn", Kind::Skip, 0, nullptr},
     {"ftnsep", Kind::Skip, 0, nullptr},
     {"ftnsepc", Kind::Skip, 0, nullptr},
@@ -327,7 +328,6 @@ constexpr RtfControlWord kWords[] = {
     {"pn", Kind::Destination, 0, rtf_openers::OldNumbering},
     {"pnseclvl", Kind::Skip, 0, nullptr},
     {"pntext", Kind::Destination, 0, rtf_openers::ListLabel},
-    {"private", Kind::Skip, 0, nullptr},
     {"propname", Kind::Skip, 0, nullptr},
     {"protusertbl", Kind::Skip, 0, nullptr},
     {"pxe", Kind::Skip, 0, nullptr},
@@ -358,6 +358,7 @@ constexpr RtfControlWord kWords[] = {
     {"sbauto", Kind::Toggle, 1, rtf_actions::AutomaticSpaceBefore},
     {"scaps", Kind::Toggle, int(RtfCase::SmallCapitals), Character<&CharacterState::letterCase>},
     {"sect", Kind::Flag, 0, rtf_actions::EndSection},
+    {"sectnum", Kind::Flag, 0, rtf_actions::SectionNumber},
     {"shad", Kind::Toggle, 1, Character<&CharacterState::shadow>},
     {"shading", Kind::Value, 0, Paragraph<&ParagraphState::shadingPercent, 0, 10000>},
     {"shp", Kind::Destination, 0, rtf_openers::Transparent},
@@ -433,9 +434,9 @@ constexpr RtfControlWord kWords[] = {
     {"xe", Kind::Skip, 0, nullptr},
     {"xmlattrname", Kind::Skip, 0, nullptr},
     {"xmlattrvalue", Kind::Skip, 0, nullptr},
-    {"xmlclose", Kind::Skip, 0, nullptr},
+    {"xmlclose", Kind::Destination, 0, rtf_openers::Transparent},
     {"xmlnstbl", Kind::Skip, 0, nullptr},
-    {"xmlopen", Kind::Skip, 0, nullptr},
+    {"xmlopen", Kind::Destination, 0, rtf_openers::Transparent},
     {"zwbo", Kind::Character, 0x200B, nullptr},
     {"zwj", Kind::Character, 0x200D, nullptr},
     {"zwnbo", Kind::Character, 0x2060, nullptr},

@@ -1,8 +1,23 @@
 #include "richtext/rtf_fields.h"
 
 #include "richtext/rtf_formats.h"
+#include "richtext/rtf_symbols.h"
 
 namespace snipdeck {
+namespace {
+
+QString SymbolOf(const QStringList& words) {
+  bool known = false;
+  const int code = words.at(1).toInt(&known, 0);
+  if (!known || code <= 0 || code > 0xFFFF) return {};
+  const qsizetype fontAt = words.indexOf(QLatin1String("\\f")) + 1;
+  const RtfSymbolFont font =
+      fontAt > 0 && fontAt < words.size() ? RtfFonts::SymbolKind(words.at(fontAt)) : RtfSymbolFont::None;
+  const bool isByte = code <= 0xFF && font != RtfSymbolFont::None;
+  return QString(QChar(isByte ? SymbolToUnicode(font, code) : static_cast<char16_t>(code)));
+}
+
+}  // namespace
 
 QString& RtfFields::Instruction() {
   if (!m_instructions.empty()) return m_instructions.back();
@@ -12,15 +27,14 @@ QString& RtfFields::Instruction() {
 
 int RtfFields::Link() { return m_formats.AddLink(HyperlinkTarget(Instruction())); }
 
-int RtfFields::Symbol(QString& font) const {
-  if (m_instructions.empty()) return 0;
+QString RtfFields::TextWithoutResult() const {
+  if (m_instructions.empty()) return {};
   const QStringList words = SplitFieldInstruction(m_instructions.back());
-  if (words.size() < 2 || words.first().compare(QLatin1String("SYMBOL"), Qt::CaseInsensitive) != 0) return 0;
-  const qsizetype fontAt = words.indexOf(QLatin1String("\\f"));
-  if (fontAt >= 0 && fontAt + 1 < words.size()) font = words.at(fontAt + 1);
-  bool known = false;
-  const int code = words.at(1).toInt(&known, 0);
-  return known && code > 0 && code < 0x10000 ? code : 0;
+  if (words.size() < 2) return {};
+  const QString name = words.first().toUpper();
+  if (name == QLatin1String("SYMBOL")) return SymbolOf(words);
+  const bool button = name == QLatin1String("MACROBUTTON") || name == QLatin1String("GOTOBUTTON");
+  return button ? words.mid(2).join(u' ') : QString();
 }
 
 QStringList SplitFieldInstruction(const QString& instruction) {

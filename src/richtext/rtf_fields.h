@@ -21,8 +21,8 @@ class RtfFields {
   QString& Instruction();
   /// The link that the innermost field's result carries, as kept in CharacterState; 0 for none.
   int Link();
-  /// The character of a SYMBOL field, with its font; 0 when the innermost field is none.
-  int Symbol(QString& font) const;
+  /// What the innermost field shows when it has no result: a symbol, or the face of a button.
+  QString TextWithoutResult() const;
 
  private:
   RtfFormats& m_formats;

@@ -9,8 +9,9 @@ constexpr qsizetype kMaxFonts = 10000;
 constexpr qsizetype kMaxNameLength = 256;
 constexpr int kSymbolCharset = 2;
 
-RtfSymbolFont SymbolKind(const RtfFont& font) {
-  if (font.charset != kSymbolCharset) return RtfSymbolFont::None;
+RtfSymbolFont SymbolKindOf(const RtfFont& font) {
+  // A font without a charset of its own is one by its name.
+  if (font.charset >= 0 && font.charset != kSymbolCharset) return RtfSymbolFont::None;
   const QString& name = font.name;
   if (name == QLatin1String("Symbol")) return RtfSymbolFont::Symbol;
   if (name == QLatin1String("Wingdings")) return RtfSymbolFont::Wingdings;
@@ -21,6 +22,12 @@ RtfSymbolFont SymbolKind(const RtfFont& font) {
 }
 
 }  // namespace
+
+RtfSymbolFont RtfFonts::SymbolKind(const QString& name) {
+  RtfFont font;
+  font.name = name;
+  return SymbolKindOf(font);
+}
 
 const RtfFont* RtfFonts::Find(int number) const {
   const auto found = m_fonts.constFind(number);
@@ -69,7 +76,7 @@ void RtfFonts::GroupStart() {
 void RtfFonts::Store() {
   m_current.name = m_current.name.trimmed();
   if (m_number >= 0 && (m_fonts.size() < kMaxFonts || m_fonts.contains(m_number))) {
-    m_current.symbol = SymbolKind(m_current);
+    m_current.symbol = SymbolKindOf(m_current);
     RtfFont& font = m_fonts[m_number];
     // A second entry without a name only adds to the first.
     if (!m_current.name.isEmpty() || font.name.isEmpty()) font = m_current;

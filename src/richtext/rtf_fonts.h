@@ -24,6 +24,8 @@ class RtfFonts : public RtfDestination {
   const RtfFont* Find(int number) const;
   /// The code page of the font's characters; `documentCodePage` where the font does not say.
   int CodePage(int number, int documentCodePage) const;
+  /// What kind of symbol font a name stands for.
+  static RtfSymbolFont SymbolKind(const QString& name);
   /// Where the group of an alternative name goes.
   QString& Alternative() { return m_current.alternative; }
 

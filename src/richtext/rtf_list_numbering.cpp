@@ -68,7 +68,6 @@ RtfListItem RtfListNumbering::Item(const ParagraphState& paragraph, const QStrin
   } else if (paragraph.numbering.kind != RtfOldNumbering::None) {
     return FromOldNumbering(paragraph);
   }
-  if (!shown.trimmed().isEmpty()) return FromShown(paragraph, shown.trimmed());
   return {};
 }
 
@@ -157,33 +156,6 @@ RtfListItem RtfListNumbering::FromOldNumbering(const ParagraphState& paragraph) 
   if (label.format == kNumberBullet && !IsUsualBullet(before)) label.whole = before;
   RtfListItem item = Join(m_oldRun, label, m_oldRun.next, numbering.level, 0);
   item.textIndent = std::max(paragraph.leftIndent, kOldListIndent);
-  return item;
-}
-
-RtfListItem RtfListNumbering::FromShown(const ParagraphState& paragraph, const QString& shown) {
-  // "3." or "(3)": number with text around it; anything else is a bullet, or a label of its own.
-  Label label;
-  qsizetype first = 0;
-  while (first < shown.size() && !shown.at(first).isDigit()) ++first;
-  qsizetype last = first;
-  while (last < shown.size() && shown.at(last).isDigit()) ++last;
-  const bool numbered = first < last && last - first < 7;
-  label.format = numbered ? 0 : kNumberBullet;
-  if (numbered) {
-    label.prefix = shown.left(first);
-    label.suffix = shown.mid(last);
-  } else if (!IsUsualBullet(shown)) {
-    label.whole = shown;
-  }
-  const int number = numbered ? shown.mid(first, last - first).toInt() : 0;
-  const bool goesOn = m_shownRun.list >= 0 && label.format == m_shownLabel.format &&
-                      label.prefix == m_shownLabel.prefix && label.suffix == m_shownLabel.suffix &&
-                      (!numbered || number == m_shownRun.next);
-  if (!goesOn) m_shownRun = {};
-  m_shownLabel = label;
-  const int level = std::clamp(paragraph.listLevel, 0, kListLevels - 1);
-  RtfListItem item = Join(m_shownRun, label, numbered ? number : m_shownRun.next, level, 0);
-  item.textIndent = std::max(paragraph.leftIndent, kLeastTextIndent);
   return item;
 }
 

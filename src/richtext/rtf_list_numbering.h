@@ -12,7 +12,8 @@ class RtfListNumbering {
  public:
   RtfListNumbering(const RtfListTable& lists, RtfFormats& formats) : m_lists(lists), m_formats(formats) {}
 
-  /// `shown` is the label that the stream wrote out for readers without lists; it decides where the tables say nothing.
+  /// `shown` is the label that the stream wrote out for readers without lists. The item has no list when the stream does
+  /// not define the paragraph's; the label is text then.
   RtfListItem Item(const ParagraphState& paragraph, const QString& shown);
 
  private:
@@ -35,7 +36,6 @@ class RtfListNumbering {
   };
   RtfListItem FromTable(const ParagraphState& paragraph, const RtfList& list, const QString& shown);
   RtfListItem FromOldNumbering(const ParagraphState& paragraph);
-  RtfListItem FromShown(const ParagraphState& paragraph, const QString& shown);
   Label LabelOf(const RtfList& list, int level, const Counters& counters) const;
   RtfListItem Join(Run& run, const Label& label, int number, int level, int id);
 
@@ -44,8 +44,6 @@ class RtfListNumbering {
   QHash<qint64, Counters> m_counters;
   RtfOldNumbering m_oldNumbering;
   Run m_oldRun;
-  Label m_shownLabel;
-  Run m_shownRun;
 };
 
 /// `number` in the format \levelnfc names, as "iv" or "d"; decimal for formats that only other scripts have.

@@ -4,25 +4,42 @@
 
 namespace snipdeck {
 
-/// Footnotes and endnotes, which are gathered behind the text, and the text of headers and footers.
+/// Footnotes and endnotes, which are gathered behind the text in this order, and the text of headers and footers.
 class RtfNotes {
  public:
-  /// Number of the note that begins.
-  int BeginNote() { return m_current = ++m_count; }
-  void AddNote(Flow&& flow) { m_notes.Append(std::move(flow)); }
-  Flow& Notes() { return m_notes; }
-  /// The number that a mark shows: inside a note its own, in the text that of the next one.
-  int Number(bool insideNote) const { return insideNote ? m_current : m_count + 1; }
+  /// A note begins; it is a footnote until BecomeEndnote.
+  void BeginNote() {
+    m_inEndnote = false;
+    ++m_footnotes;
+  }
+  void BecomeEndnote() {
+    if (m_inEndnote) return;
+    m_inEndnote = true;
+    --m_footnotes;
+    ++m_endnotes;
+  }
+  void AddNote(Flow&& flow) { (m_inEndnote ? m_endnoteText : m_footnoteText).Append(std::move(flow)); }
+  Flow TakeAll() {
+    Flow all = std::move(m_footnoteText);
+    all.Append(std::move(m_endnoteText));
+    return all;
+  }
+  /// The number that a mark shows inside the note that is being read.
+  int NumberInside() const { return m_inEndnote ? m_endnotes : m_footnotes; }
+  /// The number that a mark in the text shows, before its note.
+  int NumberOfNext(bool endnote) const { return (endnote ? m_endnotes : m_footnotes) + 1; }
 
   QString& HeaderText() { return m_header; }
   QString& FooterText() { return m_footer; }
 
  private:
-  Flow m_notes;
+  Flow m_footnoteText;
+  Flow m_endnoteText;
   QString m_header;
   QString m_footer;
-  int m_count = 0;
-  int m_current = 0;
+  int m_footnotes = 0;
+  int m_endnotes = 0;
+  bool m_inEndnote = false;
 };
 
 }  // namespace snipdeck

@@ -15,17 +15,16 @@ class FieldGroup : public RtfDestination {
     return false;
   }
   void Close() override {
-    if (!m_hasResult) ShowSymbol();
+    if (!m_hasResult) ShowInstruction();
     m_parser.Fields().End();
   }
 
  private:
-  void ShowSymbol() {
-    QString font;
-    const int code = m_parser.Fields().Symbol(font);
-    if (code == 0) return;
+  // Some fields have no result because they show a part of their instruction.
+  void ShowInstruction() {
+    const QString shown = m_parser.Fields().TextWithoutResult();
     m_parser.State().destination = m_parser.State().outer;
-    m_parser.EmitCharacter(code);
+    if (m_parser.Body()) m_parser.Emit(shown);
   }
 
   RtfParser& m_parser;

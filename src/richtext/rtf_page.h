@@ -17,7 +17,7 @@ struct RtfPage {
   };
   Geometry document;
   Geometry section;
-  bool sectionDone = false;  ///< The first section has ended.
+  int sectionsEnded = 0;
 
   /// Sets what is known as properties of the document's root frame.
   void Store(QTextDocument& target) const;

@@ -31,6 +31,12 @@ void RtfParser::Run() {
   m_body.Close();
 }
 
+void RtfParser::RunInto(RtfDestination& root) {
+  m_state.destination = &root;
+  m_state.body = nullptr;
+  Run();
+}
+
 void RtfParser::Dispatch(const RtfToken& token) {
   using Kind = RtfToken::Kind;
   if (m_fallback > 0 && SkipsFallback(token)) return;
@@ -221,10 +227,19 @@ void RtfParser::Decode(QByteArrayView bytes) {
   Emit(DecodeCodePage(m_bytesCodePage, bytes));
 }
 
-int RtfParser::ParagraphFormat(const ParagraphState& paragraph) {
+int RtfParser::ParagraphFormat(const ParagraphState& paragraph, QString& label) {
   const RtfListItem item = m_numbering.Item(paragraph, m_shownLabel);
+  if (item.list < 0) label = m_shownLabel;
   m_shownLabel.clear();
   return m_formats.Paragraph(paragraph, item);
+}
+
+bool RtfParser::EndnoteComesNext() const {
+  constexpr qsizetype kLookAhead = 600;
+  const QByteArrayView ahead = m_tokenizer.Ahead(kLookAhead);
+  const qsizetype note = ahead.indexOf(QByteArrayView("\\footnote"));
+  const qsizetype mark = ahead.indexOf(QByteArrayView("\\ftnalt"));
+  return note >= 0 && mark > note && mark - note < 20;
 }
 
 RtfRows& RtfParser::Rows(int level) {

@@ -31,6 +31,8 @@ class RtfParser {
   RtfParser(QByteArrayView rtf, RtfBody::Sink bodySink, ReadFor purpose);
 
   void Run();
+  /// As Run, but `root` takes the place of the running text.
+  void RunInto(RtfDestination& root);
 
   GroupState& State() { return m_state; }
   /// The state that the end of the current group brings back.
@@ -45,8 +47,8 @@ class RtfParser {
   /// Whether what is read is thrown away.
   bool IsSkipping() const { return m_state.destination == &m_skip; }
 
-  /// Format of the current paragraph, which joins its list with this call.
-  int ParagraphFormat(const ParagraphState& paragraph);
+  /// Format of the current paragraph, which joins its list with this call. `label` is to stand before its text.
+  int ParagraphFormat(const ParagraphState& paragraph, QString& label);
   QString& ShownLabel() { return m_shownLabel; }
 
   RtfFonts& Fonts() { return m_fonts; }
@@ -59,6 +61,8 @@ class RtfParser {
   RtfRows& CurrentRows() { return Rows(m_state.nestedRow ? std::max(2, m_state.tableLevel) : 1); }
   RtfFields& Fields() { return m_fields; }
   RtfNotes& Notes() { return m_notes; }
+  /// Whether the next note in the stream is an endnote.
+  bool EndnoteComesNext() const;
   RtfPage& Page() { return m_page; }
   RtfPictures& Pictures() { return m_pictures; }
   RtfWarnings& Warnings() { return m_warnings; }

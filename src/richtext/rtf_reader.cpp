@@ -2,6 +2,8 @@
 
 #include "richtext/document_builder.h"
 #include "richtext/format_properties.h"
+#include "richtext/html_reader.h"
+#include "richtext/rtf_html.h"
 #include "richtext/rtf_parser.h"
 
 #include <QTextDocument>
@@ -36,7 +38,7 @@ QStringList ReadAsText(QByteArrayView rtf, QTextDocument& document, ReadFor purp
     DocumentBuilder building(document, parser.Formats().Formats());
     builder = &building;
     parser.Run();
-    building.Append(parser.Notes().Notes());
+    building.Append(parser.Notes().TakeAll());
   }
   for (const RtfPictures::Resource& picture : parser.Pictures().Resources()) {
     document.addResource(QTextDocument::ImageResource, QUrl(picture.name), picture.image);
@@ -53,7 +55,8 @@ QStringList ReadRtf(QByteArrayView rtf, QTextDocument& document, ReadFor purpose
   if (stream.isEmpty()) return {QStringLiteral("no RTF in the bytes")};
   const bool hadUndo = document.isUndoRedoEnabled();
   document.setUndoRedoEnabled(false);
-  const QStringList warnings = ReadAsText(stream, document, purpose);
+  const QStringList warnings =
+      WrapsHtml(stream) ? ReadHtml(UnwrapHtml(stream), document) : ReadAsText(stream, document, purpose);
   document.setUndoRedoEnabled(hadUndo);
   return warnings;
 }

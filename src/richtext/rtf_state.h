@@ -127,6 +127,7 @@ struct GroupState {
   std::int32_t unicodeSkip = 1;
   RtfBorderTarget border = RtfBorderTarget::None;
   bool insideNote = false;
+  bool rtfOnly = false;                 ///< Not part of the HTML that the stream wraps.
   bool inTable = false;
   bool nestedRow = false;               ///< Row words describe the nested table.
 };

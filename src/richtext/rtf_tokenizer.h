@@ -2,6 +2,7 @@
 
 #include <QByteArrayView>
 
+#include <algorithm>
 #include <string_view>
 
 namespace snipdeck {
@@ -32,6 +33,9 @@ class RtfTokenizer {
 
   /// The next token; false at the end of the bytes.
   bool Next(RtfToken& token);
+
+  /// Up to `size` of the bytes that follow the last token.
+  QByteArrayView Ahead(qsizetype size) const { return m_rtf.sliced(m_at, std::min(size, m_rtf.size() - m_at)); }
 
  private:
   void ReadText(RtfToken& token);

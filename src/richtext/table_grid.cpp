@@ -131,7 +131,9 @@ QTextTableFormat TableGrid::Format() const {
   return format;
 }
 
-QTextTableCellFormat TableGrid::CellFormat(const CellLayout& layout, const CellLayout& bottom) {
+QTextTableCellFormat TableGrid::CellFormat(const Cell& cell) {
+  const CellLayout& layout = *cell.layout;
+  const CellLayout& bottom = cell.bottomLayout ? *cell.bottomLayout : layout;
   using Format = QTextTableCellFormat;
   struct Side {
     void (Format::*width)(qreal);
@@ -147,6 +149,9 @@ QTextTableCellFormat TableGrid::CellFormat(const CellLayout& layout, const CellL
       {&Format::setRightBorder, &Format::setRightBorderStyle, &Format::setRightBorderBrush, &Format::setRightPadding},
   };
   Format format;
+  // The format takes the place of the one that holds the spans.
+  format.setTableCellRowSpan(cell.rowSpan);
+  format.setTableCellColumnSpan(cell.columnSpan);
   for (int i = 0; i < kCellSides; ++i) {
     const CellLayout& source = i == kCellBottom ? bottom : layout;
     const CellBorder& border = source.borders[static_cast<std::size_t>(i)];

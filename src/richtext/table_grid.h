@@ -28,7 +28,7 @@ class TableGrid {
   const std::vector<Cell>& Cells() const { return m_cells; }
   QTextTableFormat Format() const;
 
-  static QTextTableCellFormat CellFormat(const CellLayout& layout, const CellLayout& bottom);
+  static QTextTableCellFormat CellFormat(const Cell& cell);
   /// Whether rows from `begin` on (looking at no more than `limit`) differ in their edges or have merged cells.
   static bool NeedsMerging(const TableFlow& table, std::size_t begin, std::size_t limit);
   /// Where a piece of no more than about `limit` rows ends; never inside cells that are merged downwards, if it can be helped.

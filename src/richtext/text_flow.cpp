@@ -13,6 +13,14 @@ void Flow::AddRun(QStringView characters, int format) {
   }
 }
 
+void Flow::Prepend(const QString& characters, int format) {
+  if (characters.isEmpty()) return;
+  const auto length = static_cast<std::int32_t>(characters.size());
+  text.prepend(characters);
+  if (!items.empty() && items.front().kind == FlowItem::Kind::Run) format = items.front().format;
+  items.insert(items.begin(), {FlowItem::Kind::Run, format, length});
+}
+
 void Flow::EndParagraph(int paragraphFormat, int markFormat) {
   items.push_back({FlowItem::Kind::ParagraphEnd, paragraphFormat, markFormat});
 }

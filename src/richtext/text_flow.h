@@ -33,6 +33,8 @@ struct Flow {
 
   bool IsEmpty() const { return items.empty(); }
   void AddRun(QStringView characters, int format);
+  /// Puts characters before all others, in the format of the first run, else in `format`.
+  void Prepend(const QString& characters, int format);
   void EndParagraph(int paragraphFormat, int markFormat);
   void AddTable(std::unique_ptr<TableFlow> table);
   void Append(Flow&& other);
