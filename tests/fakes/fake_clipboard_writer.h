@@ -19,6 +19,11 @@ class FakeClipboardWriter : public ClipboardWriter {
     offer = given;
     return Done{};
   }
+  Outcome AddRtf(const QByteArray& rtf) override {
+    calls.append("add");
+    offer.rtf = rtf;
+    return Done{};
+  }
   Outcome HandOverAtExit() override {
     calls.append("hand over");
     return Done{};

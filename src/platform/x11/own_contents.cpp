@@ -79,6 +79,13 @@ bool OwnsClipboard() {
   return QGuiApplication::clipboard()->ownsClipboard();
 }
 
+bool IsOwnWindow(xcb_window_t window) {
+  const auto* native = qApp->nativeInterface<QNativeInterface::QX11Application>();
+  if (!native || window == XCB_WINDOW_NONE) return false;
+  const xcb_setup_t* setup = xcb_get_setup(native->connection());
+  return (window & ~setup->resource_id_mask) == setup->resource_id_base;
+}
+
 const QMimeData* OwnMimeData() {
   return OwnsClipboard() ? QGuiApplication::clipboard()->mimeData() : nullptr;
 }

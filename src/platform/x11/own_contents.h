@@ -5,6 +5,8 @@
 
 #include <QByteArray>
 
+#include <xcb/xcb.h>
+
 #include "platform/clipboard.h"
 
 class QMimeData;
@@ -23,7 +25,9 @@ QByteArray BytesOfMimeData(const QMimeData& data, const QByteArray& target);
 
 /// Whether this program owns the clipboard.
 bool OwnsClipboard();
-/// Its contents then; null otherwise.
+/// Whether the window is one that Qt made for this program.
+bool IsOwnWindow(xcb_window_t window);
+/// What this program has on the clipboard; null if it does not own it.
 const QMimeData* OwnMimeData();
 
 }  // namespace snipdeck

@@ -101,6 +101,7 @@ const xcb_xfixes_selection_notify_event_t* XConnection::AsOwnerChange(const xcb_
 }
 
 xcb_window_t XConnection::SelectionOwner(const QByteArray& selection) {
+  if (!IsValid()) return XCB_WINDOW_NONE;
   const auto cookie = xcb_get_selection_owner(Raw(), Atom(selection));
   const XReply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(Raw(), cookie, nullptr));
   return reply ? reply->owner : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
