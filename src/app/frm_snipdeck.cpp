@@ -6,14 +6,13 @@
 #include <QResizeEvent>
 
 #include "app/menu_table.h"
+#include "app/program_folder.h"
 #include "layout/main_window_layout.h"
 #include "platform/units.h"
 
 namespace snipdeck {
 
 namespace {
-
-constexpr QSize kFirstSize(1000, 750);  // pixels
 
 constexpr TwipRect kFormatsLabelPlace{8880, 210, 735, 195};
 constexpr TwipRect kFormatLabelPlace{9720, 180, 1695, 255};
@@ -24,19 +23,46 @@ frmSnipdeck::frmSnipdeck(const MainWindowServices& services)
     : m_services(services),
       m_client(new QWidget(this)),
       m_boxes(new BoxSet(*m_client, services.messages)),
-      m_capture(*m_boxes, services.clipboard, m_startWithCumulative),
+      m_capture(*m_boxes, services.clipboard, m_settings.startWithCumulative),
       m_interaction(*m_boxes),
-      m_views(*m_boxes) {
+      m_views(*m_boxes),
+      m_settingsFile(FileInFolder(services.folder, QString::fromLatin1(kSettingsFileName)), m_settings,
+                     services.messages),
+      m_storedBoxes(*m_boxes),
+      m_storage(m_storedBoxes, services.messages, m_settings.storageFolder),
+      m_recovery(*m_boxes, services.clipboard, FileInFolder(services.folder, QStringLiteral("QM_Snipdeck.recovery"))),
+      m_geometry(*this),
+      m_startUp(Parts(), services.folder, services.firstSettings),
+      m_shutDown(Parts()) {
   setObjectName("frmSnipdeck");
   setWindowTitle(QString::fromLatin1(kProgramTitle));
   setCentralWidget(m_client);
   BuildMenus();
   PlaceFixedControls();
   SetTabOrder();
-  resize(kFirstSize);
+  KeepMinimumSize();
 }
 
 frmSnipdeck::~frmSnipdeck() = default;
+
+MainWindowParts frmSnipdeck::Parts() {
+  return {*this,
+          *m_boxes,
+          m_views,
+          m_settings,
+          m_settingsFile,
+          m_storage,
+          m_recovery,
+          m_geometry,
+          m_services.screen,
+          m_services.ctlClipboard1,
+          m_services.clipboardWriter,
+          m_services.messages};
+}
+
+void frmSnipdeck::Form_Load() {
+  m_startUp.Load();
+}
 
 void frmSnipdeck::BuildMenus() {
   for (const Menu& menu : MainMenus()) {
@@ -69,7 +95,7 @@ void frmSnipdeck::SetTabOrder() {
 }
 
 void frmSnipdeck::ctlClipboard1_Changed() {
-  m_capture.ProcessClipboard();
+  m_recovery.WhileCapturing([this] { m_capture.ProcessClipboard(); });
 }
 
 void frmSnipdeck::mnuCumulative_Click() {
@@ -80,20 +106,18 @@ void frmSnipdeck::mnuExit_Click() {
   close();
 }
 
+void frmSnipdeck::mnuSaveTextBoxes_Click() {
+  m_storage.SaveAll();
+}
+
 void frmSnipdeck::mnuViewBoxLarge_Click() {
   m_interaction.ToggleFullScreen();
 }
 
 void frmSnipdeck::Form_Activate() {
-  if (!FirstShow) return;
-  FirstShow = false;
-  if (m_startWithCumulative == 1) {
-    m_views.ShowCumulative();
-  } else {
-    m_boxes->Box(1).setFocus();
-  }
-  // The watch tells what the clipboard holds at start as its first change.
-  m_services.ctlClipboard1.StartWatching([this] { ctlClipboard1_Changed(); });
+  m_geometry.FitFrame();
+  m_sessionIsEnding = false;
+  m_startUp.Activated([this] { ctlClipboard1_Changed(); });
 }
 
 void frmSnipdeck::Form_Resize() {
@@ -119,8 +143,22 @@ void frmSnipdeck::changeEvent(QEvent* event) {
 }
 
 void frmSnipdeck::closeEvent(QCloseEvent* event) {
-  m_services.ctlClipboard1.StopWatching();
-  event->accept();
+  event->setAccepted(Form_QueryUnload());
+}
+
+bool frmSnipdeck::Form_QueryUnload() {
+  if (m_sessionIsEnding) m_shutDown.EndForced();
+  return m_shutDown.QueryUnload();
+}
+
+void frmSnipdeck::SessionEnding() {
+  // Until the window is used again, a close belongs to the end of the session.
+  m_sessionIsEnding = true;
+  m_shutDown.KeepForSessionEnd();
+}
+
+void frmSnipdeck::EndForced() {
+  m_shutDown.EndForced();
 }
 
 bool frmSnipdeck::eventFilter(QObject* watched, QEvent* event) {

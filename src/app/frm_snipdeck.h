@@ -2,13 +2,16 @@
 
 #include <QMainWindow>
 
+#include "app/crash_recovery.h"
+#include "app/shut_down.h"
+#include "app/start_up.h"
+#include "app/stored_box_set.h"
 #include "capture/box_interaction.h"
 #include "capture/box_set.h"
 #include "capture/clipboard_capture.h"
 #include "capture/combined_views.h"
-#include "platform/change_watch.h"
 #include "platform/clipboard.h"
-#include "platform/message_box.h"
+#include "platform/qt/qt_window_geometry.h"
 
 namespace snipdeck {
 
@@ -16,7 +19,12 @@ namespace snipdeck {
 struct MainWindowServices {
   ChangeWatch& ctlClipboard1;
   const Clipboard& clipboard;
+  ClipboardWriter& clipboardWriter;
   MessageBox& messages;
+  const Screen& screen;
+  /// The program's folder, and the settings file for users who have none.
+  QString folder;
+  QString firstSettings;
 };
 
 /// The main window: it owns the controls and the classes that do the work; every event handler is one call into one of
@@ -30,10 +38,17 @@ class frmSnipdeck : public QMainWindow {
 
   BoxSet& Boxes() { return *m_boxes; }
 
+  /// Once, before the window is shown.
+  void Form_Load();
   void ctlClipboard1_Changed();
   void mnuCumulative_Click();
   void mnuExit_Click();
+  void mnuSaveTextBoxes_Click();
   void mnuViewBoxLarge_Click();
+  /// The session may be about to end.
+  void SessionEnding();
+  /// The system ends the program: keeps what there is to keep, asks nothing.
+  void EndForced();
 
  protected:
   void changeEvent(QEvent* event) override;
@@ -48,17 +63,25 @@ class frmSnipdeck : public QMainWindow {
   void SetTabOrder();
   void Form_Activate();
   void Form_Resize();
+  bool Form_QueryUnload();
   void KeepMinimumSize();
+  MainWindowParts Parts();
 
   MainWindowServices m_services;
-  /// Setting: start with the cumulative box (1 = yes).
-  std::int16_t m_startWithCumulative = 0;
-  bool FirstShow = true;
+  Settings m_settings;
   QWidget* m_client;
   BoxSet* m_boxes;
   ClipboardCapture m_capture;
   BoxInteraction m_interaction;
   CombinedViews m_views;
+  SettingsFile m_settingsFile;
+  StoredBoxSet m_storedBoxes;
+  BoxStorage m_storage;
+  CrashRecovery m_recovery;
+  QtWindowGeometry m_geometry;
+  StartUp m_startUp;
+  ShutDown m_shutDown;
+  bool m_sessionIsEnding = false;
 };
 
 }  // namespace snipdeck

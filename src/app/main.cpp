@@ -1,15 +1,55 @@
 #include <QApplication>
+#include <QSessionManager>
 
 #include "app/frm_snipdeck.h"
+#include "app/program_folder.h"
+#include "app/single_instance.h"
+#include "app/termination_signals.h"
+#include "platform/qt/qt_clipboard_writer.h"
 #include "platform/qt/qt_message_box.h"
+#include "platform/qt/qt_screen.h"
 #include "platform/x11/x11_clipboard_watch.h"
 
-int main(int argc, char** argv) {
-  QApplication application(argc, argv);
-  QApplication::setApplicationName(QString::fromLatin1(snipdeck::kProgramTitle));
-  snipdeck::X11ClipboardWatch clipboard;
-  snipdeck::QtMessageBox messages;
-  snipdeck::frmSnipdeck window({clipboard, clipboard, messages});
+namespace {
+
+using namespace snipdeck;
+
+void AnnounceWindow(SingleInstance& instance, const QWidget& window) {
+  if (QGuiApplication::platformName() != QStringLiteral("xcb")) return;
+  instance.AnnounceWindow(qgetenv("DISPLAY"), static_cast<std::uint32_t>(window.winId()));
+}
+
+int Run(QApplication& application, SingleInstance& instance, const QString& folder) {
+  X11ClipboardWatch clipboard;
+  QtClipboardWriter clipboardWriter;
+  QtMessageBox messages;
+  QtScreen screen;
+  frmSnipdeck window({clipboard, clipboard, clipboardWriter, messages, screen, folder, InstalledSettingsPath()});
+  screen.Follow(&window);
+  window.Form_Load();
+
+  const TerminationSignals signals([&window] {
+    window.EndForced();
+    QCoreApplication::exit(0);
+  });
+  QObject::connect(
+      &application, &QGuiApplication::commitDataRequest, &window, [&window] { window.SessionEnding(); },
+      Qt::DirectConnection);
   window.show();
+  AnnounceWindow(instance, window);
   return QApplication::exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QCoreApplication::setApplicationName(QString::fromLatin1(kProgramTitle));
+  const QString folder = ProgramFolder();
+  SingleInstance instance(folder);
+  if (!instance.IsFirst()) {
+    instance.RaisePreviousInstance();
+    return 0;
+  }
+  QApplication application(argc, argv);
+  return Run(application, instance, folder);
 }

@@ -7,6 +7,8 @@ namespace snipdeck {
 namespace {
 
 constexpr MenuEntry kFileEntries[] = {
+    {"mnuSaveTextBoxes", "&Save all text boxes", "Ctrl+S", &frmSnipdeck::mnuSaveTextBoxes_Click},
+    {},
     {"mnuExit", "E&xit", "", &frmSnipdeck::mnuExit_Click},
 };
 

@@ -1,0 +1,103 @@
+#include "app/crash_recovery.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "app/recovery_replay.h"
+
+namespace snipdeck {
+
+namespace {
+
+constexpr int kFlushDelay = 1000;  // milliseconds after the first edit
+
+}  // namespace
+
+CrashRecovery::CrashRecovery(BoxSet& boxes, const Clipboard& clipboard, const QString& path)
+    : m_boxes(boxes), m_clipboard(clipboard), m_file(path) {
+  m_timer.setSingleShot(true);
+  m_timer.setInterval(kFlushDelay);
+  connect(&m_timer, &QTimer::timeout, this, &CrashRecovery::Flush);
+}
+
+bool CrashRecovery::Recover() {
+  const QList<RecoveryRecord> records = m_file.TakeOver();
+  ReplayRecords(records, m_boxes);
+  const auto last = std::find_if(records.rbegin(), records.rend(), [](const RecoveryRecord& record) {
+    return record.kind == RecoveryRecord::Kind::Capture;
+  });
+  if (last != records.rend()) m_lastCopyBefore = *last;
+  return !records.isEmpty();
+}
+
+void CrashRecovery::StartTracking() {
+  const auto track = [this](RichTextControl& control, int target) {
+    m_texts.push_back(new TrackedText(
+        control, static_cast<std::uint8_t>(target), [this] { FlushSoon(); }, this));
+  };
+  for (int n = 1; n <= kBoxCount; ++n) track(m_boxes.Box(n), n);
+  track(m_boxes.TXTextControl2(), RecoveryRecord::kCumulative);
+}
+
+void CrashRecovery::WhileCapturing(const std::function<void()>& process) {
+  const auto lastCopyBefore = std::exchange(m_lastCopyBefore, std::nullopt);
+  if (lastCopyBefore) {
+    RecoveryRecord present = PresentCopy();
+    present.target = lastCopyBefore->target;
+    if (present == *lastCopyBefore) return;
+  }
+  Flush();
+  const std::int16_t before = m_boxes.CurrentBox;
+  SetPaused(true);
+  process();
+  SetPaused(false);
+  if (m_boxes.CurrentBox != before) KeepCopy();
+}
+
+RecoveryRecord CrashRecovery::PresentCopy() const {
+  RecoveryRecord record;
+  record.target = static_cast<std::uint8_t>(std::clamp<int>(m_boxes.CurrentBox, 1, kBoxCount));
+  RichTextPayload payload = m_clipboard.RichText();
+  if (payload.encoding == RichTextPayload::Encoding::None) {
+    record.content = m_clipboard.Text().toUtf8();
+  } else {
+    const bool html = payload.encoding == RichTextPayload::Encoding::Html;
+    record.encoding = html ? RecoveryRecord::Encoding::Html : RecoveryRecord::Encoding::Rtf;
+    record.content = std::move(payload.bytes);
+  }
+  return record;
+}
+
+void CrashRecovery::KeepCopy() {
+  if (m_file.Append(PresentCopy())) return;
+  // There was no room. The texts are tried again as a whole, since only these are complete without this copy.
+  m_texts[static_cast<size_t>(m_boxes.CurrentBox - 1)]->MarkWhole();
+  m_texts.back()->MarkWhole();
+  FlushSoon();
+}
+
+void CrashRecovery::SetPaused(bool paused) {
+  for (TrackedText* text : m_texts) text->SetPaused(paused);
+}
+
+void CrashRecovery::FlushSoon() {
+  if (!m_timer.isActive()) m_timer.start();
+}
+
+void CrashRecovery::Flush() {
+  m_timer.stop();
+  for (TrackedText* text : m_texts) {
+    const auto edit = text->TakeEdit();
+    if (!edit || m_file.Append(*edit)) continue;
+    text->MarkWhole();
+    FlushSoon();
+  }
+}
+
+void CrashRecovery::Forget() {
+  m_timer.stop();
+  m_texts.clear();
+  m_file.Remove();
+}
+
+}  // namespace snipdeck

@@ -1,0 +1,87 @@
+#include "app/tracked_text.h"
+
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextFrame>
+
+namespace snipdeck {
+
+namespace {
+
+/// Up to so many characters a text is written down as a whole, which takes a few milliseconds.
+constexpr int kShortText = 50'000;
+
+/// Whether [begin, end) lies in one frame or table cell and holds no other; only then can it be replaced by itself.
+bool IsPlainRun(const QTextDocument& document, int begin, int end) {
+  auto* changeable = const_cast<QTextDocument*>(&document);
+  QTextCursor from(changeable);
+  from.setPosition(begin);
+  QTextCursor to(changeable);
+  to.setPosition(end);
+  const QTextFrame* frame = from.currentFrame();
+  if (frame != to.currentFrame()) return false;
+  for (const QTextFrame* child : frame->childFrames()) {
+    if (child->firstPosition() <= end && child->lastPosition() >= begin) return false;
+  }
+  return !from.currentTable() || from.currentTable()->cellAt(begin) == to.currentTable()->cellAt(end);
+}
+
+}  // namespace
+
+TrackedText::TrackedText(RichTextControl& control, std::uint8_t target, std::function<void()> onEdit, QObject* parent)
+    : QObject(parent), m_control(control), m_target(target), m_onEdit(std::move(onEdit)) {
+  connect(control.document(), &QTextDocument::contentsChange, this, &TrackedText::Note);
+}
+
+void TrackedText::Note(int position, int removed, int added) {
+  if (m_paused) return;
+  m_edited.Add(position, removed, added);
+  m_onEdit();
+}
+
+void TrackedText::MarkWhole() {
+  m_needsWhole = true;
+  m_edited.Add(0, 0, 0);
+}
+
+std::optional<RecoveryRecord> TrackedText::TakeEdit() {
+  if (m_edited.IsEmpty()) return {};
+  const bool isShort = m_control.document()->characterCount() <= kShortText;
+  auto record = isShort || m_needsWhole ? std::optional<RecoveryRecord>() : Splice();
+  m_edited.Clear();
+  m_needsWhole = false;
+  return record ? record : Whole();
+}
+
+RecoveryRecord TrackedText::Whole() const {
+  RecoveryRecord record;
+  record.kind = RecoveryRecord::Kind::Whole;
+  record.target = m_target;
+  record.encoding = RecoveryRecord::Encoding::Rtf;
+  if (!m_control.document()->isEmpty()) record.content = RichText::FromDocument(*m_control.document()).Rtf();
+  return record;
+}
+
+std::optional<RecoveryRecord> TrackedText::Splice() {
+  const QTextDocument& document = *m_control.document();
+  const int last = document.characterCount() - 1;
+  const QTextBlock first = document.findBlock(std::min(m_edited.Begin(), last));
+  const QTextBlock end = document.findBlock(std::min(m_edited.End(), last));
+  m_edited.StretchTo(first.position(), end.position() + end.length() - 1);
+  if (m_edited.End() > last || !IsPlainRun(document, m_edited.Begin(), m_edited.End())) return {};
+
+  const RichText part = RichText::FromDocument(document, m_edited.Begin(), m_edited.End());
+  RecoveryRecord record;
+  record.kind = RecoveryRecord::Kind::Splice;
+  record.target = m_target;
+  record.encoding = RecoveryRecord::Encoding::Rtf;
+  record.begin = m_edited.Begin();
+  record.removed = m_edited.Removed();
+  record.content = part.Rtf();
+  // Later splices count on the positions, so a part that does not come back with its length is not good enough.
+  const RichText readBack = RichText::FromRtf(record.content);
+  if (readBack.Document().characterCount() != part.Document().characterCount()) return {};
+  return record;
+}
+
+}  // namespace snipdeck

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+
+#include <QObject>
+
+#include "app/edited_range.h"
+#include "app/recovery_record.h"
+#include "platform/qt/rich_text_control.h"
+
+namespace snipdeck {
+
+/// Notes which part of one text the user changes, so that only that part has to be written down.
+class TrackedText : public QObject {
+  Q_OBJECT
+
+ public:
+  /// `target` is the text's number in recovery records; `onEdit` runs after each edit that is noted.
+  TrackedText(RichTextControl& control, std::uint8_t target, std::function<void()> onEdit, QObject* parent);
+
+  /// While true, changes are not noted: whoever makes them writes them down himself.
+  void SetPaused(bool paused) { m_paused = paused; }
+  /// Notes the text as changed from beginning to end.
+  void MarkWhole();
+  /// What was changed since the last call; nothing where nothing was.
+  std::optional<RecoveryRecord> TakeEdit();
+
+ private:
+  void Note(int position, int removed, int added);
+  RecoveryRecord Whole() const;
+  std::optional<RecoveryRecord> Splice();
+
+  RichTextControl& m_control;
+  std::uint8_t m_target;
+  std::function<void()> m_onEdit;
+  EditedRange m_edited;
+  bool m_needsWhole = false;
+  bool m_paused = false;
+};
+
+}  // namespace snipdeck

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QByteArrayView>
+#include <QString>
+
+#include "platform/result.h"
+
+namespace snipdeck {
+
+/// Replaces the file at `path`, or makes it, as a whole: whatever happens meanwhile, a crash or a full disk, the old
+/// contents or the new ones are there, never a part. A failure tells the platform's words for it.
+Outcome WriteWholeFile(const QString& path, QByteArrayView contents);
+
+/// The whole contents of a file.
+Result<QByteArray> ReadWholeFile(const QString& path);
+
+/// Deletes the file at `path` if there is one. A failure is not told: who deletes first finds out when it writes.
+void DeleteFileIfPresent(const QString& path);
+
+}  // namespace snipdeck
