@@ -42,7 +42,7 @@ void Serve(const Options& options, int first, int last, Clock::time_point start)
   Clock::time_point due = start;
   while (!xcb_connection_has_error(connection.Get())) {
     owner.Work();
-    if (next <= last && !owner.IsTaking() && due <= Clock::now()) {
+    if (next <= last && !owner.IsTaking() && (owner.WantsChange() || due <= Clock::now())) {
       owner.BeginTake(NumberedOffers(options, next), [next] { PrintTaken(next); });
       ++next;
       // From this copy, not from the plan: after a delay no two copies follow each other at once.

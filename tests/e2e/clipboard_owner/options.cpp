@@ -10,25 +10,27 @@ namespace snipdeck::e2e {
 
 const char* const kUsage =
     "clipboard_owner TARGET:TEXT|TARGET=FILE... [options]: owns the clipboard as another program would\n"
-    "  --mode normal|slow|hang|die|announce-huge|trickle|refuse|lie\n"
+    "  --mode normal|slow|hang|die|announce-huge|trickle|refuse|lie|change\n"
     "  --delay MS      pause of slow and trickle (300)\n"
     "  --count N       takes the clipboard N times, --interval MS apart; %d in a TEXT is the number of the copy\n"
     "  --size BYTES    pads each TEXT\n"
+    "  --strange N     offers N made-up targets with strange names too\n"
     "  --new-process   every copy by a process of its own\n"
     "  --until-lost    ends when somebody else takes the clipboard\n"
     "  --report        prints 'gave TARGET' when that has been handed out\n"
-    "Prints 'took NUMBER NANOSECONDS' (CLOCK_MONOTONIC) right before each copy and 'owns' after it.\n";
+    "Prints 'took NUMBER NANOSECONDS' (CLOCK_MONOTONIC) right before each copy and 'owns' (or 'lost') after it.\n";
 
 namespace {
 
-constexpr std::array<std::pair<const char*, Mode>, 8> kModes{{{"normal", Mode::Normal},
+constexpr std::array<std::pair<const char*, Mode>, 9> kModes{{{"normal", Mode::Normal},
                                                               {"slow", Mode::Slow},
                                                               {"hang", Mode::Hang},
                                                               {"die", Mode::Die},
                                                               {"announce-huge", Mode::AnnounceHuge},
                                                               {"trickle", Mode::Trickle},
                                                               {"refuse", Mode::Refuse},
-                                                              {"lie", Mode::Lie}}};
+                                                              {"lie", Mode::Lie},
+                                                              {"change", Mode::Change}}};
 
 Mode ModeByName(const std::string& name) {
   for (const auto& [known, mode] : kModes) {
@@ -61,6 +63,13 @@ Offer OfferFromArgument(const std::string& argument) {
   return {argument.substr(0, at), isText ? value : FileContents(value), isText};
 }
 
+Offer StrangeOffer(int number) {
+  static const std::array<std::string, 6> kNames{
+      "line\nbreak ", "%s%n%d ", "\x01\x02\x7F ", "\xF0\x9F\x93\x8B ", "\xFF\xFE no UTF-8 ", std::string(1500, 'n')};
+  const auto kind = static_cast<std::size_t>(number) % kNames.size();
+  return {kNames[kind] + std::to_string(number), "strange"};
+}
+
 /// Reads one option; `next` hands out its value.
 template <typename Next>
 void ReadOption(Options& options, const std::string& name, Next next) {
@@ -74,6 +83,8 @@ void ReadOption(Options& options, const std::string& name, Next next) {
     options.count = std::stoi(next());
   } else if (name == "--size") {
     options.size = std::stoul(next());
+  } else if (name == "--strange") {
+    options.strangeTargets = std::stoi(next());
   } else if (name == "--new-process") {
     options.newProcess = true;
   } else if (name == "--report") {
@@ -99,6 +110,7 @@ Options ParseOptions(const std::vector<std::string>& arguments) {
       options.offers.push_back(OfferFromArgument(arguments[i]));
     }
   }
+  for (int i = 0; i < options.strangeTargets; ++i) options.offers.push_back(StrangeOffer(i));
   if (options.offers.empty()) throw std::invalid_argument("nothing to offer");
   return options;
 }

@@ -17,6 +17,7 @@ enum class Mode {
   Trickle,       ///< announces 2 GB and sends one byte each `delay`
   Refuse,        ///< lists its targets but refuses each of them
   Lie,           ///< lists its targets and answers with another type and shape
+  Change,        ///< makes its next copy when it is asked for data, and answers with that one
 };
 
 /// One target with its data.
@@ -38,6 +39,8 @@ struct Options {
   bool untilLost = false;
   /// Each copy is made by a process of its own.
   bool newProcess = false;
+  /// Made-up targets that are offered too, under names that no program would choose.
+  int strangeTargets = 0;
   /// Tells which targets have been handed out.
   bool reports = false;
 };

@@ -10,6 +10,8 @@ namespace snipdeck::e2e {
 
 namespace {
 
+// In which the next copy is made before the question for the last one is answered.
+constexpr std::chrono::milliseconds kChangeTime{5};
 constexpr std::size_t kPieceSize = 200'000;
 constexpr std::uint32_t kHugeSize = std::numeric_limits<std::int32_t>::max();
 
@@ -40,12 +42,16 @@ void SelectionOwner::BeginTake(const std::vector<Offer>& offers, std::function<v
 void SelectionOwner::FinishTake(xcb_timestamp_t time) {
   m_contents = std::move(m_nextContents);
   m_takenAt = time;
+  m_wantsChange = false;
   m_isLost = false;
   const xcb_atom_t clipboard = m_connection.Atom("CLIPBOARD");
   std::exchange(m_beforeTaking, nullptr)();
   xcb_set_selection_owner(m_connection.Get(), m_connection.Window(), clipboard, time);
-  xcb_flush(m_connection.Get());
-  std::puts("owns");
+  // Once the server has answered, the selection is taken even if this process ends at once.
+  const auto question = xcb_get_selection_owner(m_connection.Get(), clipboard);
+  const XcbPtr<xcb_get_selection_owner_reply_t> answer(
+      xcb_get_selection_owner_reply(m_connection.Get(), question, nullptr));
+  std::puts(answer && answer->owner == m_connection.Window() ? "owns" : "lost");
   std::fflush(stdout);
 }
 
@@ -96,7 +102,10 @@ void SelectionOwner::HandlePropertyChange(const xcb_property_notify_event_t& eve
 
 void SelectionOwner::HandleRequest(const xcb_selection_request_event_t& request) {
   if (m_mode == Mode::Hang) return;
-  if (m_mode == Mode::Slow) {
+  if (m_mode == Mode::Change && request.target != m_connection.Atom("TARGETS")) {
+    m_wantsChange = true;
+    m_lateAnswers.push_back({Clock::now() + kChangeTime, request});
+  } else if (m_mode == Mode::Slow) {
     m_lateAnswers.push_back({Clock::now() + m_delay, request});
   } else {
     Answer(request);

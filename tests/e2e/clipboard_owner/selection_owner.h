@@ -24,6 +24,8 @@ class SelectionOwner {
   Clock::time_point Due() const;
   /// The last BeginTake() still waits for the time.
   bool IsTaking() const { return m_beforeTaking != nullptr; }
+  /// In mode Change, data has been asked for since the last take.
+  bool WantsChange() const { return m_wantsChange; }
   /// Somebody else has taken the selection since.
   bool IsLost() const { return m_isLost; }
 
@@ -54,6 +56,7 @@ class SelectionOwner {
   Mode m_mode;
   std::chrono::milliseconds m_delay;
   bool m_reports;
+  bool m_wantsChange = false;
   std::vector<Content> m_contents;
   std::vector<Content> m_nextContents;
   std::function<void()> m_beforeTaking;

@@ -7,6 +7,12 @@ class TimedOut(AssertionError):
     """What was waited for did not happen in time."""
 
 
+def shown(value):
+    """A value in a message; a long text only with its beginning."""
+    text = repr(value)
+    return text if len(text) <= 300 else f"{text[:300]}... ({len(text)} characters)"
+
+
 def wait_until(what, condition, timeout=10.0):
     """Asks `condition` until it gives something true and returns that; fails after `timeout` seconds."""
     deadline = time.monotonic() + timeout
@@ -15,7 +21,7 @@ def wait_until(what, condition, timeout=10.0):
         if value:
             return value
         if time.monotonic() > deadline:
-            raise TimedOut(f"not within {timeout} s: {what} (at last {value!r})")
+            raise TimedOut(f"not within {timeout} s: {what} (at last {shown(value)})")
         time.sleep(0.005)
 
 
@@ -30,4 +36,4 @@ def wait_equal(what, expected, read, timeout=10.0):
     try:
         wait_until(what, is_equal, timeout)
     except TimedOut:
-        raise TimedOut(f"{what}: expected {expected!r}, after {timeout} s it is {seen[0]!r}") from None
+        raise TimedOut(f"{what}: expected {shown(expected)}, after {timeout} s it is {shown(seen[0])}") from None

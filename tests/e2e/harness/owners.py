@@ -28,17 +28,17 @@ class Owner:
 
     def wait_taken(self):
         """Returns when the next copy has been made."""
-        self._wait_for("owns")
+        self._wait_for("owns", "lost")
 
     def wait_given(self, target):
         """Returns when somebody has been given this target; only with --report."""
         self._wait_for(f"gave {target}\n")
 
-    def _wait_for(self, beginning):
+    def _wait_for(self, *beginnings):
         for line in self._process.stdout:
-            if line.startswith(beginning):
+            if line.startswith(beginnings):
                 return
-        raise AssertionError(f"clipboard_owner ended before it printed {beginning!r}")
+        raise AssertionError(f"clipboard_owner ended before it printed {beginnings}")
 
 
 def empty_clipboard():
