@@ -16,7 +16,7 @@ fi
 
 scripts/packages.sh build run ${demo:+display}
 cmake --log-level=NOTICE --preset release -DSNIPDECK_TESTS=OFF
-cmake --build --preset release --target qm_snipdeck
+cmake --build --preset release
 
 if [ -n "$demo" ]; then
   SNIPDECK_SCREEN=1100x860x24 exec scripts/private_display.sh /usr/bin/python3 scripts/demo.py build/release/bin/qm_snipdeck build/demo

@@ -5,7 +5,7 @@ set -euo pipefail
 "$1" &
 program=$!
 trap 'kill $program' EXIT
-xdotool search --sync --onlyvisible --name QM_Snipdeck >/dev/null
+xdotool search --sync --onlyvisible --pid "$program" >/dev/null
 
 resident() { awk '/^VmRSS:/ { print $2 }' "/proc/$program/status"; }
 before=-1
