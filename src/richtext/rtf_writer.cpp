@@ -52,7 +52,11 @@ class RtfVisitor : public DocumentVisitor {
   void EndBlock(const QTextBlock& block, bool last) override {
     CloseLink();
     if (m_empty) m_body.Append(m_characters.For(block.charFormat(), block.charFormatIndex()));
-    if (last) return;  // a cell's last paragraph ends with the cell, the text's last one with the text
+    // A cell's last paragraph ends with the cell and the text's last one with the text; but readers take an end behind
+    // nothing for none.
+    const bool isLostAtEnd = m_empty && m_edges.isEmpty() && m_hasParagraphs;
+    m_hasParagraphs = true;
+    if (last && !isLostAtEnd) return;
     m_body.Word("par");
     m_body.LineEnd();
   }
@@ -155,6 +159,7 @@ class RtfVisitor : public DocumentVisitor {
   QList<QList<int>> m_edges;  ///< of the tables that the walk is in, the outermost first
   QString m_link;
   bool m_empty = true;
+  bool m_hasParagraphs = false;
 };
 
 void WritePageGeometry(RtfOutput& out, const QTextFrameFormat& format) {

@@ -102,11 +102,15 @@ void WriteCellDefinition(RtfOutput& out, RtfHeader& header, const QTextTable& ta
   if (shading.style() != Qt::NoBrush && shading.color().alpha()) out.Word("clcbpat", header.Colour(shading.color()));
 }
 
+/// Files count from the edge of the first cell, whose text stands at the margin.
+int LeftEdge(const QTextTableFormat& format) {
+  return TwipsFromLength(format.leftMargin()) - TwipsFromLength(format.cellPadding());
+}
+
 void WriteRowPlace(RtfOutput& out, const QTextTableFormat& format, int row) {
   out.Word("trowd");
   out.Word("trgaph", TwipsFromLength(format.cellPadding()));
-  const int left = TwipsFromLength(format.leftMargin());
-  if (left) out.Word("trleft", left);
+  out.Word("trleft", LeftEdge(format));
   if (format.alignment() & Qt::AlignHCenter) out.Word("trqc");
   if (format.alignment() & Qt::AlignRight) out.Word("trqr");
   if (row < format.headerRowCount()) out.Word("trhdr");
@@ -155,7 +159,7 @@ QList<int> ColumnEdges(const QTextTable& table, int textWidthTwips) {
 
 void WriteRowDefinition(RtfOutput& out, RtfHeader& header, const QTextTable& table, int row, const QList<int>& edges) {
   const QTextTableFormat format = table.format();
-  const int left = TwipsFromLength(format.leftMargin());
+  const int left = LeftEdge(format);
   WriteRowPlace(out, format, row);
   for (int column = 0; column < table.columns();) {
     const QTextTableCell cell = table.cellAt(row, column);

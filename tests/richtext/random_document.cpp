@@ -35,11 +35,20 @@ class Writer {
     for (int i = 0; i < size; ++i) {
       if (i > 0) cursor.insertBlock(QTextBlockFormat(), BaseFormat());
       cursor.setBlockFormat(ParagraphFormat());
-      cursor.setBlockCharFormat(BaseFormat());
-      if (OneIn(6)) cursor.createList(ListFormat());
+      const bool startsCell = depth > 0 && i == 0;  // where the mark carries the format of the cell
+      if (!startsCell) cursor.setBlockCharFormat(BaseFormat());
+      if (OneIn(6)) StartList(cursor);
       Runs(cursor);
       if (depth < 2 && OneIn(8)) Table(cursor, depth);
     }
+  }
+
+  // The label of a list hangs in front of its text, which leaves no first-line indent to choose.
+  void StartList(QTextCursor& cursor) {
+    QTextBlockFormat format = cursor.blockFormat();
+    format.setTextIndent(0);
+    cursor.setBlockFormat(format);
+    cursor.createList(ListFormat());
   }
 
   void Table(QTextCursor& cursor, int depth) {
