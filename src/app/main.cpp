@@ -1,13 +1,14 @@
 #include <QApplication>
+#include <QDir>
 #include <QSessionManager>
 
 #include "app/frm_snipdeck.h"
 #include "app/program_folder.h"
 #include "app/single_instance.h"
 #include "app/termination_signals.h"
-#include "platform/qt/qt_clipboard_writer.h"
 #include "platform/qt/qt_message_box.h"
 #include "platform/qt/qt_screen.h"
+#include "platform/x11/x11_clipboard_access.h"
 #include "platform/x11/x11_clipboard_watch.h"
 
 namespace {
@@ -19,16 +20,22 @@ void AnnounceWindow(SingleInstance& instance, const QWidget& window) {
   instance.AnnounceWindow(qgetenv("DISPLAY"), static_cast<std::uint32_t>(window.winId()));
 }
 
+/// Keeps the clipboard's contents after the end.
+QString HolderProgram() {
+  return QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("qm_snipdeck_holder"));
+}
+
 int Run(QApplication& application, SingleInstance& instance, const QString& folder) {
   X11ClipboardWatch clipboard;
-  QtClipboardWriter clipboardWriter;
+  PresentContents contents;
+  X11ClipboardAccess clipboardAccess(contents, HolderProgram());
   QtMessageBox messages;
   QtScreen screen;
-  frmSnipdeck window({clipboard, clipboard, clipboardWriter, messages, screen, folder, InstalledSettingsPath()});
+  frmSnipdeck window({clipboard, clipboard, clipboardAccess, messages, screen, folder, InstalledSettingsPath()});
   screen.Follow(&window);
   window.Form_Load();
 
-  const TerminationSignals signals([&window] {
+  const TerminationSignals requests([&window] {
     window.EndForced();
     QCoreApplication::exit(0);
   });
