@@ -10,8 +10,6 @@
 namespace snipdeck {
 namespace {
 
-// Qt walks over a list whenever an item joins it, so long lists go on in a further list object.
-constexpr int kMaxListItems = 500;
 // Qt numbers the cells of a table anew after each merge, so long tables go on in a further table.
 constexpr std::size_t kMaxRowsMerged = 100;
 constexpr std::size_t kMaxRowsPlain = 5000;
@@ -69,7 +67,7 @@ void DocumentBuilder::WriteParagraph(Place& place, const Flow& flow, std::size_t
                                      qsizetype at) {
   const FlowItem& mark = flow.items[end];
   const QTextCharFormat& markFormat = m_formats.characters[static_cast<std::size_t>(mark.length)];
-  const QTextBlockFormat blockFormat = BlockFormat(place, mark.format);
+  const QTextBlockFormat blockFormat = BlockFormat(mark.format);
   QTextCursor& cursor = place.cursor;
   if (place.fresh) {
     cursor.setBlockFormat(blockFormat);
@@ -89,25 +87,20 @@ void DocumentBuilder::WriteParagraph(Place& place, const Flow& flow, std::size_t
 }
 
 // A paragraph of a list that exists joins it through its format.
-QTextBlockFormat DocumentBuilder::BlockFormat(Place&, int index) {
+QTextBlockFormat DocumentBuilder::BlockFormat(int index) {
   const FlowFormats::Paragraph& paragraph = m_formats.paragraphs[static_cast<std::size_t>(index)];
   QTextBlockFormat format = paragraph.format;
   if (paragraph.list < 0) return format;
   if (m_lists.size() < m_formats.lists.size()) m_lists.resize(m_formats.lists.size());
-  OpenList& open = m_lists[static_cast<std::size_t>(paragraph.list)];
-  if (open.list && open.items < kMaxListItems) {
-    format.setObjectIndex(open.list->objectIndex());
-    ++open.items;
-  }
+  const QTextList* list = m_lists[static_cast<std::size_t>(paragraph.list)];
+  if (list) format.setObjectIndex(list->objectIndex());
   return format;
 }
 
 void DocumentBuilder::StartList(Place& place, int index) {
   const int list = m_formats.paragraphs[static_cast<std::size_t>(index)].list;
   if (list < 0 || place.cursor.blockFormat().objectIndex() >= 0) return;
-  OpenList& open = m_lists[static_cast<std::size_t>(list)];
-  open.list = place.cursor.createList(m_formats.lists[static_cast<std::size_t>(list)]);
-  open.items = 1;
+  m_lists[static_cast<std::size_t>(list)] = place.cursor.createList(m_formats.lists[static_cast<std::size_t>(list)]);
 }
 
 void DocumentBuilder::WriteTable(Place& place, const TableFlow& table) {

@@ -32,17 +32,13 @@ class DocumentBuilder {
   void WriteParagraph(Place& place, const Flow& flow, std::size_t firstItem, std::size_t end, qsizetype at);
   void WriteTable(Place& place, const TableFlow& table);
   void WriteRows(Place& place, const TableFlow& table, std::size_t begin, std::size_t end);
-  QTextBlockFormat BlockFormat(Place& place, int index);
+  QTextBlockFormat BlockFormat(int index);
   void StartList(Place& place, int index);
 
   QTextDocument& m_document;
   const FlowFormats& m_formats;
   Place m_body;
-  struct OpenList {
-    QTextList* list = nullptr;
-    int items = 0;
-  };
-  std::vector<OpenList> m_lists;
+  std::vector<QTextList*> m_lists;  ///< Those that have been begun, by their number in the formats.
   bool m_hadUndo;
   int m_depth = 0;
 };

@@ -128,12 +128,14 @@ void NestedRowWords(RtfParser& parser, int) { parser.State().nestedRow = true; }
 void NoteNumber(RtfParser& parser, int) {
   const RtfNotes& notes = parser.Notes();
   const bool inside = parser.State().insideNote;
-  parser.Emit(QString::number(inside ? notes.NumberInside() : notes.NumberOfNext(parser.EndnoteComesNext())));
+  parser.Emit(inside ? notes.MarkInside() : notes.MarkOfNext(parser.EndnoteComesNext()));
 }
 
 void Endnote(RtfParser& parser, int) {
   if (parser.State().insideNote) parser.Notes().BecomeEndnote();
 }
+
+void EndnoteNumbers(RtfParser& parser, int format) { parser.Notes().SetEndnoteFormat(format); }
 
 void SectionNumber(RtfParser& parser, int) { parser.Emit(QString::number(parser.Page().sectionsEnded + 1)); }
 

@@ -32,6 +32,7 @@ void EndNestedRow(RtfParser& parser, int);
 void NestedRowWords(RtfParser& parser, int);
 void NoteNumber(RtfParser& parser, int);
 void Endnote(RtfParser& parser, int);
+void EndnoteNumbers(RtfParser& parser, int format);
 void SectionNumber(RtfParser& parser, int);
 
 void BorderOfParagraph(RtfParser& parser, int side);

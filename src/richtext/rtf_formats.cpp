@@ -7,7 +7,6 @@ namespace snipdeck {
 namespace {
 
 constexpr double kHalfPoint = 0.5;
-constexpr double kTwipsPerPoint = 20.0;
 constexpr int kSingleLine = 240;
 // One step of a list in Qt's documents, 40 pixels.
 constexpr int kListStep = 600;

@@ -5,8 +5,11 @@
 namespace snipdeck {
 namespace {
 
-// Qt walks over a list whenever an item joins it, so that long ones go on as a further list.
-constexpr int kMaxItemsInRun = 500;
+// Qt walks over a list whenever an item joins it, so that long ones go on as a further list; in a text that is full of
+// them, sooner.
+constexpr int kMaxItemsInRun = 1000;
+constexpr int kManyItems = 5000;
+constexpr int kMaxItemsWhereMany = 64;
 constexpr int kLeastTextIndent = 360;
 constexpr int kOldListIndent = 360;
 constexpr int kMaxRoman = 4000;
@@ -63,11 +66,9 @@ QString FormatListNumber(int number, int format) {
 }
 
 RtfListItem RtfListNumbering::Item(const ParagraphState& paragraph, const QString& shown) {
-  if (paragraph.list > 0) {
-    if (const RtfList* list = m_lists.Find(paragraph.list)) return FromTable(paragraph, *list, shown);
-  } else if (paragraph.numbering.kind != RtfOldNumbering::None) {
-    return FromOldNumbering(paragraph);
-  }
+  const RtfList* list = paragraph.list > 0 ? m_lists.Find(paragraph.list) : nullptr;
+  if (list) return FromTable(paragraph, *list, shown);
+  if (paragraph.numbering.kind != RtfOldNumbering::None) return FromOldNumbering(paragraph);
   return {};
 }
 
@@ -117,7 +118,8 @@ RtfListNumbering::Label RtfListNumbering::LabelOf(const RtfList& list, int level
 }
 
 RtfListItem RtfListNumbering::Join(Run& run, const Label& label, int number, int level, int id) {
-  if (run.list < 0 || run.count >= kMaxItemsInRun) {
+  const int limit = ++m_items > kManyItems ? kMaxItemsWhereMany : kMaxItemsInRun;
+  if (run.list < 0 || run.count >= limit) {
     QTextListFormat format;
     const QString bullet = label.whole.isEmpty() ? label.prefix : label.whole;
     format.setStyle(StyleOf(label.format, bullet));

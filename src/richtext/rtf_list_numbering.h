@@ -42,6 +42,7 @@ class RtfListNumbering {
   const RtfListTable& m_lists;
   RtfFormats& m_formats;
   QHash<qint64, Counters> m_counters;
+  int m_items = 0;
   RtfOldNumbering m_oldNumbering;
   Run m_oldRun;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "richtext/rtf_list_numbering.h"
 #include "richtext/text_flow.h"
 
 namespace snipdeck {
@@ -24,21 +25,26 @@ class RtfNotes {
     all.Append(std::move(m_endnoteText));
     return all;
   }
-  /// The number that a mark shows inside the note that is being read.
-  int NumberInside() const { return m_inEndnote ? m_endnotes : m_footnotes; }
-  /// The number that a mark in the text shows, before its note.
-  int NumberOfNext(bool endnote) const { return (endnote ? m_endnotes : m_footnotes) + 1; }
+  /// The format of endnote numbers, as FormatListNumber takes it; word processors count them i, ii, iii by themselves.
+  void SetEndnoteFormat(int format) { m_endnoteFormat = format; }
+  /// What a mark shows inside the note that is being read.
+  QString MarkInside() const { return Mark(m_inEndnote, m_inEndnote ? m_endnotes : m_footnotes); }
+  /// What a mark in the text shows, before its note.
+  QString MarkOfNext(bool endnote) const { return Mark(endnote, (endnote ? m_endnotes : m_footnotes) + 1); }
 
   QString& HeaderText() { return m_header; }
   QString& FooterText() { return m_footer; }
 
  private:
+  QString Mark(bool endnote, int number) const { return FormatListNumber(number, endnote ? m_endnoteFormat : 0); }
+
   Flow m_footnoteText;
   Flow m_endnoteText;
   QString m_header;
   QString m_footer;
   int m_footnotes = 0;
   int m_endnotes = 0;
+  int m_endnoteFormat = 2;
   bool m_inEndnote = false;
 };
 

@@ -25,10 +25,16 @@ RtfParser::RtfParser(QByteArrayView rtf, RtfBody::Sink bodySink, ReadFor purpose
 
 void RtfParser::Run() {
   RtfToken token;
-  while (!m_done && m_tokenizer.Next(token)) Dispatch(token);
-  FlushBytes(true);
-  while (!m_stack.empty()) EndGroup();
-  m_body.Close();
+  const GroupState initial = m_state;
+  do {
+    m_done = false;
+    while (!m_done && m_tokenizer.Next(token)) Dispatch(token);
+    FlushBytes(true);
+    while (!m_stack.empty()) EndGroup();
+    m_body.Close();
+    m_state = initial;
+    // Some programs put one stream behind the other.
+  } while (m_tokenizer.SkipTo("{\\rtf"));
 }
 
 void RtfParser::RunInto(RtfDestination& root) {
@@ -103,6 +109,8 @@ void RtfParser::EndGroup() {
   } else if (m_state.destination == m_stack.back().destination) {
     m_state.destination->GroupEnd();
   }
+  // The text's last paragraph may lack its end; its format still holds here.
+  if (m_stack.size() == 1) m_body.Close();
   m_state = std::move(m_stack.back());
   m_stack.pop_back();
   m_done = m_stack.empty();

@@ -46,6 +46,12 @@ bool RtfTokenizer::Next(RtfToken& token) {
   return false;
 }
 
+bool RtfTokenizer::SkipTo(QByteArrayView mark) {
+  const qsizetype found = m_rtf.indexOf(mark, m_at);
+  m_at = found < 0 ? m_rtf.size() : found;
+  return found >= 0;
+}
+
 void RtfTokenizer::ReadText(RtfToken& token) {
   const qsizetype begin = m_at;
   while (m_at < m_rtf.size() && !kSpecial[static_cast<unsigned char>(m_rtf[m_at])]) ++m_at;

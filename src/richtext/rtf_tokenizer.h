@@ -37,6 +37,9 @@ class RtfTokenizer {
   /// Up to `size` of the bytes that follow the last token.
   QByteArrayView Ahead(qsizetype size) const { return m_rtf.sliced(m_at, std::min(size, m_rtf.size() - m_at)); }
 
+  /// Goes on where `mark` next stands in the bytes; false, at their end, when it does not.
+  bool SkipTo(QByteArrayView mark);
+
  private:
   void ReadText(RtfToken& token);
   void ReadControl(RtfToken& token);

@@ -20,7 +20,8 @@ class TextVisitor : public DocumentVisitor {
     if (m_withLabels) Label(block);
   }
 
-  void Run(QStringView text, const QTextCharFormat&, int) override {
+  void Run(QStringView text, const QTextCharFormat& format, int) override {
+    if (format.boolProperty(kHiddenText)) return;
     for (const QChar character : text) {
       m_text += character == QChar::LineSeparator ? QLatin1Char('\n') : character;
     }
