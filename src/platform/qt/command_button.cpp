@@ -1,0 +1,40 @@
+#include "platform/qt/command_button.h"
+
+#include <QStyleOptionButton>
+#include <QStylePainter>
+
+#include "platform/qt/drawn_icon.h"
+
+namespace snipdeck {
+
+namespace {
+
+constexpr int kIconSize = 16;
+constexpr double kGreyedOut = 0.4;
+
+QColor InkOn(const QColor& ground) {
+  constexpr int kMiddle = 128;
+  return qGray(ground.rgb()) < kMiddle ? Qt::white : QColor(27, 36, 49);
+}
+
+}  // namespace
+
+CommandButton::CommandButton(const QString& icon, const QString& toolTip, QWidget* parent)
+    : QPushButton(parent), m_icon(icon) {
+  setToolTip(toolTip);
+  setAccessibleName(toolTip);
+  setAutoDefault(false);
+}
+
+void CommandButton::paintEvent(QPaintEvent*) {
+  QStylePainter painter(this);
+  QStyleOptionButton option;
+  initStyleOption(&option);
+  painter.drawControl(QStyle::CE_PushButton, option);
+  if (!isEnabled()) painter.setOpacity(kGreyedOut);
+  QRect place(0, 0, kIconSize, kIconSize);
+  place.moveCenter(rect().center());
+  PaintDrawnIcon(painter, m_icon, place, InkOn(palette().color(QPalette::Button)));
+}
+
+}  // namespace snipdeck
