@@ -1,0 +1,49 @@
+#include "navigation/sidebar_delegate.h"
+
+#include <QPainter>
+
+#include "platform/qt/drawn_icon.h"
+
+namespace snipdeck {
+
+namespace {
+
+constexpr int kIconSize = 32;
+constexpr int kIconTop = 6;
+constexpr int kCaptionTop = 40;
+constexpr int kCaptionMargin = 3;
+constexpr int kMarkWidth = 4;
+constexpr double kGreyedOut = 0.45;
+
+QColor ColourOf(const QModelIndex& index, Qt::ItemDataRole role, const QColor& fallback) {
+  const QVariant brush = index.data(role);
+  return brush.isValid() ? brush.value<QBrush>().color() : fallback;
+}
+
+void PaintCurrentMark(QPainter& painter, const QRect& cell, bool hasFocus, const QColor& colour) {
+  painter.fillRect(QRect(cell.topLeft(), QSize(kMarkWidth, cell.height())), colour);
+  if (!hasFocus) return;
+  painter.setPen(colour);
+  painter.drawRect(cell.adjusted(0, 0, -1, -1));
+}
+
+}  // namespace
+
+void SidebarDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+  const QColor text = ColourOf(index, Qt::ForegroundRole, kSidebarText);
+  const QRect cell = option.rect;
+  painter->save();
+  painter->fillRect(cell, ColourOf(index, Qt::BackgroundRole, kSidebarGrey));
+  if (option.state & QStyle::State_Selected)
+    PaintCurrentMark(*painter, cell, option.state & QStyle::State_HasFocus, text);
+  if (!(index.flags() & Qt::ItemIsEnabled)) painter->setOpacity(kGreyedOut);
+  const QRect icon(cell.left() + (cell.width() - kIconSize) / 2, cell.top() + kIconTop, kIconSize, kIconSize);
+  PaintDrawnIcon(*painter, index.data(kIconRole).toString(), icon, text);
+  painter->setFont(index.data(Qt::FontRole).value<QFont>());
+  painter->setPen(text);
+  painter->drawText(cell.adjusted(kCaptionMargin, kCaptionTop, -kCaptionMargin, 0), Qt::AlignHCenter | Qt::AlignTop,
+                    index.data().toString());
+  painter->restore();
+}
+
+}  // namespace snipdeck
