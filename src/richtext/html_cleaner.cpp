@@ -44,6 +44,7 @@ QString Quoted(QString value) {
 
 /// A link may lead to the web, to mail or to a place in the text, and never into a program.
 bool IsHarmlessLink(const QString& target) {
+  if (target == QLatin1String("#")) return false;  // leads nowhere
   static const QRegularExpression kScheme(QStringLiteral("^\\s*(https?|ftps?|mailto|tel|news|file)\\s*:"),
                                           QRegularExpression::CaseInsensitiveOption);
   const qsizetype colon = target.indexOf(u':');
@@ -100,7 +101,7 @@ class Cleaner {
   void Text(QStringView text) {
     if (m_inHead) return;
     if (!text.trimmed().isEmpty()) Content();
-    Write(WithoutForbiddenEntities(text));
+    Write(WithoutForbiddenEntities(text).replace(u'<', QLatin1String("&lt;")));
   }
 
   void Content() {
@@ -186,16 +187,26 @@ class Cleaner {
     Push(token, element);
   }
 
-  /// Cells that were copied without their table.
+  /// Rows and cells that were copied without what they belong to.
   void SupplyTable(const QString& name) {
-    const bool isRow = name == QLatin1String("tr");
-    if (m_tables > 0 || (!isRow && name != QLatin1String("td") && name != QLatin1String("th"))) return;
-    for (const char* missing : {"table", "tr"}) {
-      if (isRow && QLatin1String(missing) == QLatin1String("tr")) continue;
-      HtmlToken token;
-      token.name = QLatin1String(missing);
-      Push(token, ElementNamed(token.name));
+    const bool isCell = name == QLatin1String("td") || name == QLatin1String("th");
+    if (!isCell && name != QLatin1String("tr")) return;
+    if (m_tables == 0) Supply(QStringLiteral("table"));
+    if (isCell && !IsInRow()) Supply(QStringLiteral("tr"));
+  }
+
+  void Supply(const QString& name) {
+    HtmlToken token;
+    token.name = name;
+    Push(token, ElementNamed(name));
+  }
+
+  bool IsInRow() const {
+    for (qsizetype i = m_open.size() - 1; i >= 0; --i) {
+      if (m_open[i].name == QLatin1String("tr")) return true;
+      if (m_open[i].name == QLatin1String("table")) return false;
     }
+    return false;
   }
 
   void Push(const HtmlToken& token, const HtmlElement& element) {
@@ -276,14 +287,17 @@ class Cleaner {
   }
 
   void CloseImplied(const QString& next) {
-    for (qsizetype i = m_open.size() - 1; i >= 0; --i) {
-      const QString& open = m_open[i].name;
-      if (EndsByItself(open, next)) {
-        CloseDownTo(i);
-      } else if (ElementNamed(open).isBlock && !EndsByItself(open, next)) {
-        return;
+    // Parts of a table end the ones before them, whatever those left open; other elements end what they touch.
+    const bool ofTable = EndsByItself(QStringLiteral("td"), next);
+    qsizetype keep = m_open.size();
+    for (qsizetype i = m_open.size() - 1; i >= 0 && m_open[i].name != QLatin1String("table"); --i) {
+      if (EndsByItself(m_open[i].name, next)) {
+        keep = i;
+      } else if (!ofTable && ElementNamed(m_open[i].name).isBlock) {
+        break;
       }
     }
+    CloseDownTo(keep);
   }
 
   void EndTag(const QString& name) {

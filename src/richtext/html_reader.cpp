@@ -45,6 +45,26 @@ void DropSizeSteps(QTextDocument& document) {
   cursor.endEditBlock();
 }
 
+/// Qt's importer puts an empty paragraph between a table and the paragraph behind it.
+void DropParagraphsBehindTables(QTextDocument& document) {
+  constexpr QChar kEndOfFrame(0xFDD1);
+  QTextCursor cursor(&document);
+  cursor.beginEditBlock();
+  for (QTextBlock block = document.lastBlock(); block.isValid(); block = block.previous()) {
+    const QTextBlock next = block.next();
+    if (block.length() > 1 || !next.isValid() || document.characterAt(block.position() - 1) != kEndOfFrame) continue;
+    if (document.characterAt(block.position()) != QChar::ParagraphSeparator) continue;  // a further table or the end
+    const QTextBlockFormat format = next.blockFormat();
+    const QTextCharFormat mark = next.charFormat();
+    cursor.setPosition(block.position());
+    cursor.deleteChar();
+    cursor.setBlockFormat(format);
+    cursor.setBlockCharFormat(mark);
+    block = cursor.block();
+  }
+  cursor.endEditBlock();
+}
+
 }  // namespace
 
 QStringList ReadHtml(QByteArrayView html, QTextDocument& document) {
@@ -55,6 +75,7 @@ QStringList ReadHtml(QByteArrayView html, QTextDocument& document) {
   }
   document.setHtml(CleanText(clean.html));
   DropSizeSteps(document);
+  DropParagraphsBehindTables(document);
   return clean.warnings;
 }
 

@@ -55,7 +55,11 @@ QString HtmlTokenizer::Name() {
 void HtmlTokenizer::Attributes(HtmlToken& token) {
   while (true) {
     SkipBlanks();
-    if (AtEnd() || m_html[m_at] == u'<') return;  // a tag that was never closed
+    if (AtEnd()) {  // cut in the tag, which then is none
+      token.kind = HtmlToken::Kind::Other;
+      return;
+    }
+    if (m_html[m_at] == u'<') return;
     if (m_html[m_at] == u'>') {
       ++m_at;
       return;

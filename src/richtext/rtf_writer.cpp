@@ -54,7 +54,7 @@ class RtfVisitor : public DocumentVisitor {
     if (m_empty) m_body.Append(m_characters.For(block.charFormat(), block.charFormatIndex()));
     // A cell's last paragraph ends with the cell and the text's last one with the text; but readers take an end behind
     // nothing for none.
-    const bool isLostAtEnd = m_empty && m_edges.isEmpty() && m_hasParagraphs;
+    const bool isLostAtEnd = m_empty && m_tables.isEmpty() && m_hasParagraphs;
     m_hasParagraphs = true;
     if (last && !isLostAtEnd) return;
     m_body.Word("par");
@@ -85,11 +85,11 @@ class RtfVisitor : public DocumentVisitor {
     m_empty = false;
   }
 
-  void BeginTable(const QTextTable& table) override { m_edges.append(ColumnEdges(table, m_textWidth)); }
-  void EndTable(const QTextTable&) override { m_edges.removeLast(); }
+  void BeginTable(const QTextTable& table) override { m_tables.append(ShapeOf(table, m_textWidth)); }
+  void EndTable(const QTextTable&) override { m_tables.removeLast(); }
 
   void BeginRow(const QTextTable& table, int row) override {
-    if (!IsNested()) WriteRowDefinition(m_body, m_header, table, row, m_edges.last());
+    if (!IsNested()) WriteRowDefinition(m_body, m_header, table, row, m_tables.last());
   }
 
   // A nested row is defined behind its cells, in a group that readers without nested tables skip.
@@ -99,27 +99,36 @@ class RtfVisitor : public DocumentVisitor {
       return m_body.LineEnd();
     }
     m_body.OpenOptional("nesttableprops");
-    WriteRowDefinition(m_body, m_header, table, row, m_edges.last());
+    WriteRowDefinition(m_body, m_header, table, row, m_tables.last());
     m_body.Word("nestrow");
     m_body.CloseGroup();
     m_body.Raw("{\\nonesttables\\par}\n");
   }
 
-  void EndCell(const QTextTable&, const QTextTableCell&) override { EndOfCell(); }
-
-  void CoveredCell(const QTextTable&, const QTextTableCell&) override {
-    m_body.Word("pard");
-    MarkCell();
+  void EndCell(const QTextTable&, const QTextTableCell& cell) override {
     EndOfCell();
+    EmptyCells(m_tables.last().spansAreNamed ? cell.columnSpan() - 1 : 0);
+  }
+
+  void CoveredCell(const QTextTable&, const QTextTableCell& cell) override {
+    EmptyCells(m_tables.last().spansAreNamed ? cell.columnSpan() : 1);
   }
 
  private:
-  bool IsNested() const { return m_edges.size() > 1; }
+  bool IsNested() const { return m_tables.size() > 1; }
 
   void MarkCell() {
-    if (m_edges.isEmpty()) return;
+    if (m_tables.isEmpty()) return;
     m_body.Word("intbl");
-    if (IsNested()) m_body.Word("itap", static_cast<int>(m_edges.size()));
+    if (IsNested()) m_body.Word("itap", static_cast<int>(m_tables.size()));
+  }
+
+  void EmptyCells(int count) {
+    for (; count > 0; --count) {
+      m_body.Word("pard");
+      MarkCell();
+      EndOfCell();
+    }
   }
 
   void EndOfCell() {
@@ -156,7 +165,7 @@ class RtfVisitor : public DocumentVisitor {
   RtfCharacterWords m_characters;
   RtfParagraphWords m_paragraphs;
   const int m_textWidth;
-  QList<QList<int>> m_edges;  ///< of the tables that the walk is in, the outermost first
+  QList<TableShape> m_tables;  ///< of the tables that the walk is in, the outermost first
   QString m_link;
   bool m_empty = true;
   bool m_hasParagraphs = false;

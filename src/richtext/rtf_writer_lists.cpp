@@ -1,5 +1,6 @@
 #include "richtext/rtf_writer_lists.h"
 
+#include <QRegularExpression>
 #include <QTextList>
 
 #include "richtext/format_properties.h"
@@ -40,35 +41,57 @@ void WriteByte(RtfOutput& out, int byte) {
   out.Raw("\\'" + QByteArray::number(byte & 0xFF, 16).rightJustified(2, '0'));
 }
 
-/// The label with its length in front, and the place of the number in it.
-void WriteLabel(RtfOutput& out, const QTextListFormat& format, int level) {
-  const bool isBullet = IsBullet(format);
-  const QString before = isBullet ? QString() : format.numberPrefix().left(50);
-  const QString after = isBullet ? BulletOf(format.style()) : Suffix(format);
+/// A label in pieces: text, and places for the number of a level.
+struct LabelPiece {
+  QString text;
+  int level = -1;  ///< -1 for text
+};
+
+/// "1.b.iv)" on the third level names the numbers of three levels.
+QList<LabelPiece> PiecesOfNumbers(const QString& label, int level) {
+  static const QRegularExpression kPiece(
+      QStringLiteral("(\\d+|\\b[A-Za-z]\\b|\\b(?:[ivxlcdm]+|[IVXLCDM]+)\\b)|([^\\W\\d_]+|[\\W_]+)"));
+  QList<LabelPiece> pieces;
+  int numbers = 0;
+  for (auto it = kPiece.globalMatch(label.left(50)); it.hasNext();) {
+    const QRegularExpressionMatch match = it.next();
+    numbers += match.hasCaptured(1);
+    pieces.append(match.hasCaptured(1) ? LabelPiece{{}, 0} : LabelPiece{match.captured(2), -1});
+  }
+  if (numbers < 1 || numbers > level + 1) return {};
+  int next = level + 1 - numbers;
+  for (LabelPiece& piece : pieces) {
+    if (piece.level == 0) piece.level = next++;
+  }
+  return pieces;
+}
+
+QList<LabelPiece> PiecesOf(const QTextListFormat& format, const QString& label, int level) {
+  if (IsBullet(format)) return {{label.isEmpty() ? BulletOf(format.style()) : label.left(50), -1}};
+  QList<LabelPiece> pieces = PiecesOfNumbers(label, level);
+  if (!pieces.isEmpty()) return pieces;
+  return {{format.numberPrefix().left(50), -1}, {{}, level}, {Suffix(format), -1}};
+}
+
+/// The label with its length in front, then the places of the numbers in it.
+void WriteLabel(RtfOutput& out, const QList<LabelPiece>& pieces) {
+  QList<int> places;
+  int length = 0;
+  for (const LabelPiece& piece : pieces) {
+    if (piece.level >= 0) places.append(length + 1);
+    length += piece.level >= 0 ? 1 : static_cast<int>(piece.text.size());
+  }
   out.OpenGroup("leveltext");
-  WriteByte(out, static_cast<int>(before.size() + after.size()) + !isBullet);
-  out.Text(before);
-  if (!isBullet) WriteByte(out, level);
-  out.Text(after);
+  WriteByte(out, length);
+  for (const LabelPiece& piece : pieces) {
+    if (piece.level >= 0) WriteByte(out, piece.level);
+    out.Text(piece.text);
+  }
   out.Raw(";");
   out.CloseGroup();
   out.OpenGroup("levelnumbers");
-  if (!isBullet) WriteByte(out, static_cast<int>(before.size()) + 1);
+  for (const int place : places) WriteByte(out, place);
   out.Raw(";");
-  out.CloseGroup();
-}
-
-void WriteLevel(RtfOutput& out, const QTextListFormat& format, int level) {
-  constexpr int kStepTwips = 360;
-  out.OpenGroup("listlevel");
-  out.Word("levelnfc", NumberCode(format.style()));
-  out.Word("levelnfcn", NumberCode(format.style()));
-  out.Word("leveljc", 0);
-  out.Word("levelfollow", 0);
-  out.Word("levelstartat", format.hasProperty(kListStart) ? format.intProperty(kListStart) : 1);
-  WriteLabel(out, format, level);
-  out.Word("fi", -kStepTwips);
-  out.Word("li", kStepTwips * 2 * (level + 1));
   out.CloseGroup();
 }
 
@@ -78,8 +101,10 @@ void RtfLists::WriteParagraph(RtfOutput& out, const QTextBlock& block) {
   const ListPlace place = PlaceInList(block);
   QString label = block.blockFormat().stringProperty(kListLabel);
   if (place.id) {
-    List& list = ListFor(place.id);
-    list.levels[static_cast<size_t>(place.level)] = block.textList()->format();
+    const QTextListFormat format = block.textList()->format();
+    List& list = ListFor({place.id, IsBullet(format) ? label : QString()});
+    Level& level = list.levels[static_cast<size_t>(place.level)];
+    level = {format, label.isEmpty() ? level.label : label};
     out.Word("ls", list.number);
     out.Word("ilvl", place.level);
     if (label.isEmpty()) label = ListLabel(block);
@@ -91,18 +116,33 @@ void RtfLists::WriteParagraph(RtfOutput& out, const QTextBlock& block) {
   out.CloseGroup();
 }
 
-RtfLists::List& RtfLists::ListFor(int id) {
-  const auto known = m_lists.find(id);
+RtfLists::List& RtfLists::ListFor(const Key& key) {
+  const auto known = m_lists.find(key);
   if (known != m_lists.end()) return known->second;
   List list{static_cast<int>(m_lists.size()) + 1, {}};
-  for (QTextListFormat& level : list.levels) level.setStyle(QTextListFormat::ListDecimal);
-  return m_lists.emplace(id, list).first->second;
+  for (Level& level : list.levels) level.format.setStyle(QTextListFormat::ListDecimal);
+  return m_lists.emplace(key, list).first->second;
+}
+
+void RtfLists::WriteLevel(RtfOutput& out, const Level& level, int number) {
+  constexpr int kStepTwips = 360;
+  const QTextListFormat& format = level.format;
+  out.OpenGroup("listlevel");
+  out.Word("levelnfc", NumberCode(format.style()));
+  out.Word("levelnfcn", NumberCode(format.style()));
+  out.Word("leveljc", 0);
+  out.Word("levelfollow", 0);
+  out.Word("levelstartat", format.hasProperty(kListStart) ? format.intProperty(kListStart) : 1);
+  WriteLabel(out, PiecesOf(format, level.label, number));
+  out.Word("fi", -kStepTwips);
+  out.Word("li", kStepTwips * 2 * (number + 1));
+  out.CloseGroup();
 }
 
 void RtfLists::WriteTables(RtfOutput& out) const {
   if (m_lists.empty()) return;
   out.OpenOptional("listtable");
-  for (const auto& [id, list] : m_lists) {
+  for (const auto& [key, list] : m_lists) {
     out.OpenGroup("list");
     out.Word("listtemplateid", list.number);
     for (int level = 0; level < 9; ++level) WriteLevel(out, list.levels[static_cast<size_t>(level)], level);
@@ -113,7 +153,7 @@ void RtfLists::WriteTables(RtfOutput& out) const {
   }
   out.CloseGroup();
   out.OpenOptional("listoverridetable");
-  for (const auto& [id, list] : m_lists) {
+  for (const auto& [key, list] : m_lists) {
     out.OpenGroup("listoverride");
     out.Word("listid", list.number);
     out.Word("listoverridecount", 0);

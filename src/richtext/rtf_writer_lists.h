@@ -2,6 +2,7 @@
 
 #include <array>
 #include <map>
+#include <utility>
 
 #include <QHash>
 #include <QTextBlock>
@@ -20,13 +21,20 @@ class RtfLists {
   void WriteTables(RtfOutput& out) const;
 
  private:
+  struct Level {
+    QTextListFormat format;
+    QString label;  ///< as the text's own writer showed it, where Qt's list cannot
+  };
   struct List {
     int number;
-    std::array<QTextListFormat, 9> levels;
+    std::array<Level, 9> levels;
   };
-  List& ListFor(int id);
+  /// Paragraphs of one id with bullets of their own are a list for each bullet.
+  using Key = std::pair<int, QString>;
+  List& ListFor(const Key& key);
+  static void WriteLevel(RtfOutput& out, const Level& level, int number);
 
-  std::map<int, List> m_lists;
+  std::map<Key, List> m_lists;
 };
 
 }  // namespace snipdeck

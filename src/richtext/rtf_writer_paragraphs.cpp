@@ -8,7 +8,7 @@
 namespace snipdeck {
 namespace {
 
-constexpr int kLabelTwips = -360;
+constexpr int kLabelTwips = 360;
 
 void NumberUnlessZero(RtfOutput& out, const char* word, int number) {
   if (number != 0) out.Word(word, number);
@@ -79,9 +79,12 @@ void RtfParagraphWords::Indents(RtfOutput& out, const QTextBlock& block) {
   const int steps = format.indent() + (list ? list->format().indent() : 0);
   // A label hangs in front of its paragraph, as Qt shows it.
   const bool hangs = format.textIndent() == 0 && (list || format.hasProperty(kListLabel));
-  NumberUnlessZero(out, "li", TwipsFromLength(format.leftMargin() + steps * m_indentWidth));
+  const int left = TwipsFromLength(format.leftMargin() + steps * m_indentWidth);
+  // Where a paragraph of a list says nothing, its list does.
+  if (left != 0 || list) out.Word("li", left);
   NumberUnlessZero(out, "ri", TwipsFromLength(format.rightMargin()));
-  NumberUnlessZero(out, "fi", hangs ? kLabelTwips : TwipsFromLength(format.textIndent()));
+  const int first = hangs ? -std::clamp(left, 0, kLabelTwips) : TwipsFromLength(format.textIndent());
+  if (first != 0 || list) out.Word("fi", first);
 }
 
 void RtfParagraphWords::Spacing(RtfOutput& out, const QTextBlockFormat& format) {

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kDefaultTextWidth = 9360;
 constexpr int kNarrowestColumn = 30;
-constexpr int kThickestLine = 75;
+constexpr int kThickestLine = 255;
 
 const char* LineWord(QTextFrameFormat::BorderStyle style) {
   switch (style) {
@@ -136,6 +136,9 @@ int TextWidthTwips(const QTextDocument& document) {
   return width > 0 ? width : kDefaultTextWidth;
 }
 
+namespace {
+
+/// The right edges of the columns, in twips from the table's left edge.
 QList<int> ColumnEdges(const QTextTable& table, int textWidthTwips) {
   const QTextTableFormat format = table.format();
   const QList<QTextLength> constraints = format.columnWidthConstraints();
@@ -157,15 +160,42 @@ QList<int> ColumnEdges(const QTextTable& table, int textWidthTwips) {
   return widths;
 }
 
-void WriteRowDefinition(RtfOutput& out, RtfHeader& header, const QTextTable& table, int row, const QList<int>& edges) {
+/// Whether there is a column whose edge no cell has for its own.
+bool SpansNeedNames(const QTextTable& table) {
+  QList<bool> isSeen(table.columns(), false);
+  for (int row = 0; row < table.rows(); ++row) {
+    for (int column = 0; column < table.columns();) {
+      const QTextTableCell cell = table.cellAt(row, column);
+      column = std::max(column + 1, cell.column() + cell.columnSpan());
+      isSeen[column - 1] = true;
+    }
+    if (!isSeen.contains(false)) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+TableShape ShapeOf(const QTextTable& table, int textWidthTwips) {
+  return {ColumnEdges(table, textWidthTwips), SpansNeedNames(table)};
+}
+
+void WriteRowDefinition(RtfOutput& out, RtfHeader& header, const QTextTable& table, int row, const TableShape& shape) {
   const QTextTableFormat format = table.format();
   const int left = LeftEdge(format);
   WriteRowPlace(out, format, row);
   for (int column = 0; column < table.columns();) {
     const QTextTableCell cell = table.cellAt(row, column);
+    const int end = std::max(column + 1, cell.column() + cell.columnSpan());
+    const bool splits = shape.spansAreNamed && end - column > 1;
+    if (splits) out.Word("clmgf");
     WriteCellDefinition(out, header, table, cell, row);
-    column = std::max(column + 1, cell.column() + cell.columnSpan());
-    out.Word("cellx", left + edges[column - 1]);
+    if (!splits) column = end - 1;
+    out.Word("cellx", left + shape.edges[column]);
+    while (++column < end) {
+      out.Word("clmrg");
+      out.Word("cellx", left + shape.edges[column]);
+    }
   }
   out.LineEnd();
 }

@@ -90,7 +90,7 @@ void TableGrid::AddRow(const RowFlow& row, int index) {
     if (cell.joinsLeft && !m_cells.empty() && m_cells.back().row == index && m_cells.back().rowSpan == 1) {
       Cell& left = m_cells.back();
       left.columnSpan += span;
-      left.content.push_back(&row.cells[i]);
+      if (!row.cells[i].text.isEmpty() || !row.cells[i].tables.empty()) left.content.push_back(&row.cells[i]);
       std::fill_n(m_lastInColumn.begin() + column, span, static_cast<int>(m_cells.size()) - 1);
     } else if (!JoinAbove(cell, row.cells[i], index, column, span)) {
       m_cells.push_back({index, column, 1, span, &cell, nullptr, {&row.cells[i]}});

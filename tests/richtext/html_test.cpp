@@ -1,0 +1,150 @@
+#include <QTest>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextTable>
+
+#include "richtext/document_compare.h"
+#include "richtext/html_writer.h"
+#include "richtext/rich_text.h"
+
+using namespace snipdeck;
+
+class HtmlTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void Payloads_data();
+  void Payloads();
+  void Text_data();
+  void Text();
+  void Formats_data();
+  void Formats();
+  void NothingIsLoaded();
+  void DeepAndWideIsCut();
+  void WrittenAgainIsTheSame();
+};
+
+namespace {
+
+QByteArray WithHeader(const QByteArray& before, const QByteArray& fragment, const QByteArray& after, int shift = 0) {
+  const QByteArray form = "Version:0.9\r\nStartHTML:%1\r\nEndHTML:%2\r\nStartFragment:%3\r\nEndFragment:%4\r\n";
+  const auto number = [](qsizetype value) { return QByteArray::number(value).rightJustified(10, '0'); };
+  const qsizetype header = form.size() + 4 * (10 - 2);
+  QByteArray result = form;
+  const qsizetype begin = header + before.size() + shift;
+  result.replace("%1", number(header)).replace("%2", number(header + before.size() + fragment.size() + after.size()));
+  result.replace("%3", number(begin)).replace("%4", number(begin + fragment.size()));
+  return result + before + fragment + after;
+}
+
+}  // namespace
+
+void HtmlTest::Payloads_data() {
+  QTest::addColumn<QByteArray>("bytes");
+  QTest::addColumn<QString>("expected");
+  const QByteArray marks = "<!--StartFragment-->", endMark = "<!--EndFragment-->";
+  QTest::newRow("offsets alone") << WithHeader("<html><body>ou\xC3\xA9t<p>", "caf\xC3\xA9", "</p>out</body>") << "café";
+  QTest::newRow("wrong offsets, marks") << WithHeader("<body>out" + marks, "in", endMark + "out", 7) << "in";
+  QTest::newRow("offsets beyond the end") << WithHeader("<body>", "all", "</body>", 100000) << "all";
+  QTest::newRow("marks without a header") << "<body>out" + marks + "in" + endMark + "out"
+                                          << "in";
+  QTest::newRow("inside a table") << "<table>" + marks + "<tr><td>a<td>b</tr>" + endMark + "</table>"
+                                  << "a\tb\n";
+  QTest::newRow("cells without a table") << QByteArray("<td>a</td><td>b</td>") << "a\tb\n";
+  QTest::newRow("windows-1252, not declared") << QByteArray("<p>caf\xE9 \x80</p>") << "café €";
+  QTest::newRow("declared") << QByteArray("<meta charset='windows-1251'><p>\xC4\xE0</p>") << "Да";
+  QTest::newRow("declared wrongly") << QByteArray("<meta charset='windows-1252'><p>caf\xC3\xA9</p>") << "café";
+  QTest::newRow("UTF-16") << QByteArray("\xFF\xFE<\0p\0>\0\xE9\0", 10) << "é";
+  QTest::newRow("nothing") << QByteArray() << "";
+}
+
+void HtmlTest::Payloads() {
+  QFETCH(QByteArray, bytes);
+  QFETCH(QString, expected);
+  QCOMPARE(RichText::FromHtml(bytes).PlainText(), expected);
+}
+
+void HtmlTest::Text_data() {
+  QTest::addColumn<QByteArray>("html");
+  QTest::addColumn<QString>("expected");
+  QTest::newRow("what is not text")
+      << QByteArray("<head><title>t</title><script>s</script></head><xml>x</xml><p>a<!-- c --></p>") << "a";
+  QTest::newRow("office markup")
+      << QByteArray(
+             "<p class=MsoNormal>a<o:p></o:p><![if !supportLists]>b<![endif]><!--[if gte mso 9]>c<![endif]--></p>")
+      << "ab";
+  QTest::newRow("paragraphs without ends") << QByteArray("<p>a<p>b<ul><li>c<li>d</ul>") << "a\nb\nc\nd";
+  QTest::newRow("a break at the end") << QByteArray("<p>a<br></p><p>b<br>c</p>") << "a\nb\nc";
+  QTest::newRow("an empty paragraph") << QByteArray("<p>a</p><p><br></p><p>b</p>") << "a\n\nb";
+  QTest::newRow("lonely brackets") << QByteArray("<p>1 < 2 &amp; 3 > 2 <3</p>") << "1 < 2 & 3 > 2 <3";
+  QTest::newRow("forbidden numbers") << QByteArray("<p>a&#0;&#x1b;&#xFDD0;b&#65;&#x10FFFF;</p>")
+                                     << QString("abA") + QString::fromUcs4(U"\U0010FFFF");
+  QTest::newRow("a picture elsewhere") << QByteArray("<p>a<img src='http://example.org/x.png' alt='word'>b</p>")
+                                       << "awordb";
+  QTest::newRow("cut in a tag") << QByteArray("<p>a</p><p title='") << "a";
+}
+
+void HtmlTest::Text() {
+  QFETCH(QByteArray, html);
+  QFETCH(QString, expected);
+  QCOMPARE(RichText::FromHtml(html).PlainText(), expected);
+}
+
+void HtmlTest::Formats_data() {
+  QTest::addColumn<QByteArray>("html");
+  QTest::addColumn<QString>("fact");
+  QTest::newRow("class") << QByteArray(
+                                "<style><!-- p.x {mso-style:a; font-size:10.5pt; @bad} --></style><p class=x>a</p>")
+                         << "halfpoints=21";
+  QTest::newRow("pixels") << QByteArray("<span style='font-size:16px'>a</span>") << "halfpoints=24";
+  QTest::newRow("relative") << QByteArray("<div style='font-size:20pt'><span style='font-size:150%'>a</span></div>")
+                            << "halfpoints=60";
+  QTest::newRow("heading") << QByteArray("<h1>a</h1>") << "halfpoints=48 bold=1";
+  QTest::newRow("font element") << QByteArray("<font face=Arial size=5 color=#ff0000>a</font>")
+                                << "font=Arial halfpoints=36";
+  QTest::newRow("background") << QByteArray("<span style='background:yellow none'>a</span>") << "background=#ffff00";
+  QTest::newRow("link") << QByteArray("<a href='https://example.org/?a=1&amp;b=2'>a</a>")
+                        << "link=https://example.org/?a=1&b=2";
+  QTest::newRow("points of indent") << QByteArray("<p style='margin-left:36.0pt'>a</p>") << "left=720";
+}
+
+void HtmlTest::Formats() {
+  QFETCH(QByteArray, html);
+  QFETCH(QString, fact);
+  const QString description = test::Describe(RichText::FromHtml(html).Document()).join(u'\n');
+  QVERIFY2(description.contains(fact), qPrintable(description));
+}
+
+void HtmlTest::NothingIsLoaded() {
+  const QString path = QFINDTESTDATA("html_test.cpp");
+  QVERIFY(!path.isEmpty());
+  const QByteArray url = "file://" + path.toUtf8();
+  const RichText text =
+      RichText::FromHtml("<link rel=stylesheet href='" + url + "'><style>@import url(" + url + ");</style><img src='" +
+                         url + "'><a href='javascript:alert(1)'>a</a><a href='java&#115;cript:x'>b</a>");
+  const QString description = test::Describe(text.Document()).join(u'\n');
+  QVERIFY2(!description.contains("picture") && !description.contains("link="), qPrintable(description));
+}
+
+void HtmlTest::DeepAndWideIsCut() {
+  const QByteArray deep = QByteArray("<div><table><tr><td>").repeated(20000) + "deep";
+  QVERIFY(RichText::FromHtml(deep).PlainText().contains("deep"));
+  const RichText wide = RichText::FromHtml("<table><tr><td colspan=100000000 rowspan=99999999>wide</td></tr></table>");
+  QVERIFY(wide.PlainText().contains("wide"));
+  QVERIFY(RichText::FromHtml(QByteArray("<b>").repeated(50000) + "bold").PlainText() == "bold");
+}
+
+void HtmlTest::WrittenAgainIsTheSame() {
+  const QByteArray html =
+      "<h2>Head</h2><p>a <b>b</b>&nbsp; <i>i</i> <span "
+      "style='color:#123456;background-color:#ffff00;font-size:9pt'>c</span></p>"
+      "<table border=1><tr><td colspan=2 bgcolor=#00ff00>x</td></tr><tr><td>y</td><td>z</td></tr></table><p>after</p>"
+      "<ol><li>one</li><li>two<ul><li>deep</li></ul></li></ol><p>end</p>";
+  const RichText once = RichText::FromHtml(html);
+  const RichText twice = RichText::FromHtml(WriteHtml(once.Document()));
+  QCOMPARE(twice.PlainText(), once.PlainText());
+  QCOMPARE(WriteHtml(RichText::FromHtml(WriteHtml(twice.Document())).Document()), WriteHtml(twice.Document()));
+}
+
+QTEST_MAIN(HtmlTest)
+#include "html_test.moc"
