@@ -102,6 +102,10 @@ void EndSection(RtfParser& parser, int) {
   if (RtfBody* body = parser.Body()) body->EndSection();
 }
 
+void ContinuePage(RtfParser& parser, int) {
+  if (RtfBody* body = parser.Body()) body->ContinuePage();
+}
+
 void BreakPage(RtfParser& parser, int) {
   if (RtfBody* body = parser.Body()) body->BreakPage();
 }

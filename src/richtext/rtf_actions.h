@@ -24,6 +24,7 @@ void TableLevel(RtfParser& parser, int level);
 
 void EndParagraph(RtfParser& parser, int);
 void EndSection(RtfParser& parser, int);
+void ContinuePage(RtfParser& parser, int);
 void BreakPage(RtfParser& parser, int);
 void EndCell(RtfParser& parser, int);
 void EndNestedCell(RtfParser& parser, int);

@@ -106,9 +106,7 @@ void RtfBody::BreakPage() {
   m_breakBefore = true;
 }
 
-void RtfBody::EndSection() {
-  if (HasOpenParagraph()) EndParagraph();
-}
+void RtfBody::EndSection() { BreakPage(); }
 
 void RtfBody::EndCell(int level) {
   SetLevel(static_cast<std::size_t>(std::max(level, 1)));

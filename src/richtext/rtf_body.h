@@ -26,7 +26,9 @@ class RtfBody : public RtfDestination {
   void EndParagraph();
   /// \page and the like: what follows begins on a new page.
   void BreakPage();
+  /// What follows begins on a new page unless the next section says otherwise.
   void EndSection();
+  void ContinuePage() { m_breakBefore = false; }
   void EndCell(int level);
   void EndRow(int level);
   /// Text that is to follow the paragraph that is being read.

@@ -361,6 +361,8 @@ constexpr RtfControlWord kWords[] = {
     {"saauto", Kind::Toggle, 1, rtf_actions::AutomaticSpaceAfter},
     {"sb", Kind::Value, 0, Paragraph<&ParagraphState::spaceBefore, 0, kMaxTwips>},
     {"sbauto", Kind::Toggle, 1, rtf_actions::AutomaticSpaceBefore},
+    {"sbkcol", Kind::Flag, 0, rtf_actions::ContinuePage},
+    {"sbknone", Kind::Flag, 0, rtf_actions::ContinuePage},
     {"scaps", Kind::Toggle, int(RtfCase::SmallCapitals), Character<&CharacterState::letterCase>},
     {"sect", Kind::Flag, 0, rtf_actions::EndSection},
     {"sectnum", Kind::Flag, 0, rtf_actions::SectionNumber},

@@ -4,7 +4,7 @@
 
 #include <QStringList>
 
-#include <vector>
+#include <deque>
 
 namespace snipdeck {
 
@@ -26,7 +26,7 @@ class RtfFields {
 
  private:
   RtfFormats& m_formats;
-  std::vector<QString> m_instructions;
+  std::deque<QString> m_instructions;  ///< Collectors refer to them, so they must not move.
   QString m_stray;
 };
 

@@ -68,19 +68,23 @@ void RtfParser::Dispatch(const RtfToken& token) {
   }
 }
 
-// A \u is followed by characters for readers without Unicode; an escape and a control word count as one each.
+// A \u is followed by characters for readers without Unicode; an escape and a word for a character count as one each.
+// Anything else shows that the writer left them out: a \par, above all, must not be lost.
 bool RtfParser::SkipsFallback(const RtfToken& token) {
-  if (token.kind == RtfToken::Kind::GroupStart || token.kind == RtfToken::Kind::GroupEnd) {
+  using Kind = RtfToken::Kind;
+  if (token.kind == Kind::Hex || token.kind == Kind::Binary || (token.kind == Kind::Symbol && token.value > ' ')) {
+    --m_fallback;
+    return true;
+  }
+  if (token.kind == Kind::Word) {
+    const RtfControlWord* entry = FindControlWord(token.word);
+    const bool character = entry && entry->kind == RtfControlWord::Kind::Character && entry->argument > 0x2002;
+    m_fallback = character ? m_fallback - 1 : 0;
+    return character;
+  }
+  if (token.kind != Kind::Text) {
     m_fallback = 0;
     return false;
-  }
-  if (token.kind == RtfToken::Kind::Word && token.word == "u") {
-    m_fallback = 0;  // The writer left the fall-back out.
-    return false;
-  }
-  if (token.kind != RtfToken::Kind::Text) {
-    --m_fallback;
-    return token.kind != RtfToken::Kind::Word || token.word != "uc";
   }
   const qsizetype skipped = std::min<qsizetype>(m_fallback, token.bytes.size());
   m_fallback -= static_cast<int>(skipped);

@@ -1,0 +1,173 @@
+// Golden pairs: tests/data/rtf/<feature>.rtf is read, and what it shows must be <feature>.expected. On a difference the new
+// description is written to <feature>.new in the working directory; once it is known to be right, it takes the old one's place.
+
+#include <ctime>
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QTest>
+#include <QTextDocument>
+
+#include "richtext/document_compare.h"
+#include "richtext/format_properties.h"
+#include "richtext/rtf_reader.h"
+#include "richtext/rtf_tokenizer.h"
+#include "richtext/safe_document.h"
+
+using namespace snipdeck;
+
+namespace {
+
+const QString kData = QStringLiteral(SNIPDECK_TEST_DATA "/rtf/");
+
+QByteArray BytesOf(const QString& path) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) qFatal("cannot read %s", qPrintable(path));
+  return file.readAll();
+}
+
+QString TextOf(const QByteArray& rtf) {
+  SafeDocument document;
+  ReadRtf(rtf, document, ReadFor::Box);
+  return document.toPlainText();
+}
+
+void AddFiles(const QString& folder) {
+  QTest::addColumn<QString>("path");
+  const QDir dir(folder);
+  for (const QString& name : dir.entryList({QStringLiteral("*.rtf")}, QDir::Files)) {
+    QTest::newRow(qPrintable(name)) << dir.filePath(name);
+  }
+}
+
+}  // namespace
+
+class RtfReaderTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void Golden_data() { AddFiles(kData); }
+  void Golden();
+  void HostileIsShown_data() { AddFiles(kData + QStringLiteral("pass")); }
+  void HostileIsShown();
+  void NoRtfIsEmpty_data() { AddFiles(kData + QStringLiteral("fail")); }
+  void NoRtfIsEmpty();
+  void CutAnywhere_data() { AddFiles(kData); }
+  void CutAnywhere();
+  void CutProseShowsItsBeginning();
+  void HeadersBelongToDocuments();
+  void Tokens();
+  void TimeGrowsLinearly_data();
+  void TimeGrowsLinearly();
+};
+
+void RtfReaderTest::Golden() {
+  QFETCH(QString, path);
+  SafeDocument document;
+  ReadRtf(BytesOf(path), document, ReadFor::Box);
+  const QString actual = test::Describe(document).join(u'\n') + u'\n';
+  QFile expected(QString(path).replace(QStringLiteral(".rtf"), QStringLiteral(".expected")));
+  const bool known = expected.open(QIODevice::ReadOnly);
+  if (known && actual == QString::fromUtf8(expected.readAll())) return;
+  QFile fresh(QFileInfo(path).completeBaseName() + QStringLiteral(".new"));
+  if (fresh.open(QIODevice::WriteOnly)) fresh.write(actual.toUtf8());
+  QFAIL(qPrintable(QStringLiteral("differs from what is expected; see ") + QFileInfo(fresh).absoluteFilePath()));
+}
+
+void RtfReaderTest::HostileIsShown() {
+  QFETCH(QString, path);
+  QElapsedTimer timer;
+  timer.start();
+  QVERIFY(TextOf(BytesOf(path)).contains(QStringLiteral("shown")));
+  QVERIFY2(timer.elapsed() < 2000, "too slow");
+}
+
+void RtfReaderTest::NoRtfIsEmpty() {
+  QFETCH(QString, path);
+  SafeDocument document;
+  QVERIFY(!ReadRtf(BytesOf(path), document, ReadFor::Box).isEmpty());
+  QVERIFY(document.isEmpty());
+}
+
+void RtfReaderTest::CutAnywhere() {
+  QFETCH(QString, path);
+  const QByteArray whole = BytesOf(path);
+  for (qsizetype size = 0; size < whole.size(); ++size) TextOf(whole.first(size));
+}
+
+void RtfReaderTest::CutProseShowsItsBeginning() {
+  const QByteArray whole =
+      "{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}{\\colortbl;\\red1\\green2\\blue3;}\\pard One {\\b two} thr\\'e9e\\par {\\i four} five\\par}";
+  const QString all = TextOf(whole);
+  QCOMPARE(all, QStringLiteral("One two thr\u00E9e\nfour five"));
+  qsizetype longest = 0;
+  for (qsizetype size = 0; size <= whole.size(); ++size) {
+    const QString text = TextOf(whole.first(size));
+    // An escape that is cut in two may leave one wrong character at the end.
+    QVERIFY2(all.startsWith(text) || all.startsWith(text.chopped(1)), qPrintable(text));
+    longest = std::max(longest, text.size());
+  }
+  QCOMPARE(longest, all.size());
+}
+
+void RtfReaderTest::HeadersBelongToDocuments() {
+  const QByteArray rtf = BytesOf(kData + QStringLiteral("sections.rtf"));
+  SafeDocument box;
+  SafeDocument whole;
+  ReadRtf(rtf, box, ReadFor::Box);
+  ReadRtf(rtf, whole, ReadFor::Document);
+  QVERIFY(!box.rootFrame()->frameFormat().hasProperty(kHeaderText));
+  QCOMPARE(whole.rootFrame()->frameFormat().stringProperty(kHeaderText), QStringLiteral("head"));
+  QCOMPARE(whole.rootFrame()->frameFormat().stringProperty(kFooterText), QStringLiteral("foot"));
+  QCOMPARE(whole.toPlainText(), box.toPlainText());
+  QCOMPARE(box.rootFrame()->frameFormat().intProperty(kPageMarginLeft), 900);
+  QCOMPARE(box.rootFrame()->frameFormat().intProperty(kPageWidth), 11906);
+}
+
+void RtfReaderTest::Tokens() {
+  const QByteArray rtf = "{\\b-12 x\\'4\\'zz\\bin3 }{\\}\\*\\\r\n\\fs99999999999999\\u-5?}";
+  RtfTokenizer tokenizer(rtf);
+  RtfToken token;
+  QStringList seen;
+  using Kind = RtfToken::Kind;
+  while (tokenizer.Next(token)) {
+    const QString word = QString::fromLatin1(token.word.data(), static_cast<qsizetype>(token.word.size()));
+    const QString bytes = QString::fromLatin1(token.bytes);
+    if (token.kind == Kind::GroupStart) seen << QStringLiteral("{");
+    if (token.kind == Kind::GroupEnd) seen << QStringLiteral("}");
+    if (token.kind == Kind::Word) seen << QStringLiteral("%1=%2").arg(word).arg(token.value);
+    if (token.kind == Kind::Symbol) seen << QStringLiteral("symbol %1").arg(token.value);
+    if (token.kind == Kind::Text) seen << QStringLiteral("text ") + bytes;
+    if (token.kind == Kind::Hex) seen << QStringLiteral("hex %1").arg(token.value);
+    if (token.kind == Kind::Binary) seen << QStringLiteral("binary ") + bytes;
+  }
+  QCOMPARE(seen.join(u','), QStringLiteral("{,b=-12,text x,hex 4,text ,text zz,binary }{\\,},symbol 42,symbol 13,"
+                                           "fs=2147483647,u=-5,text ?,}"));
+}
+
+void RtfReaderTest::TimeGrowsLinearly_data() {
+  QTest::addColumn<QByteArray>("unit");
+  QTest::newRow("groups") << QByteArray("{x}");
+  QTest::newRow("open groups") << QByteArray("{");
+  QTest::newRow("control words") << QByteArray("\\b\\i0");
+  QTest::newRow("list items") << QByteArray("{\\*\\pn\\pnlvlblt}x\\par");
+  QTest::newRow("rows") << QByteArray("\\trowd\\cellx900\\cellx1800\\intbl a\\cell b\\cell\\row");
+  QTest::newRow("rows that differ") << QByteArray("\\trowd\\cellx900\\intbl a\\cell\\row\\trowd\\cellx700\\cellx900 b\\cell c\\cell\\row");
+}
+
+// Ten times the input may take no more than thirty times the processor time: a square would take a hundred times.
+void RtfReaderTest::TimeGrowsLinearly() {
+  QFETCH(QByteArray, unit);
+  const auto time = [&unit](qsizetype bytes) {
+    const QByteArray rtf = "{\\rtf1 " + unit.repeated(bytes / unit.size());
+    const std::clock_t begin = std::clock();
+    TextOf(rtf);
+    return std::max<std::clock_t>(std::clock() - begin, CLOCKS_PER_SEC / 200);
+  };
+  const std::clock_t small = time(60'000);
+  const std::clock_t large = time(600'000);
+  QVERIFY2(large < 30 * small, qPrintable(QStringLiteral("%1 to %2").arg(small).arg(large)));
+}
+
+QTEST_MAIN(RtfReaderTest)
+#include "rtf_reader_test.moc"
