@@ -21,7 +21,9 @@ Outcome WriteWholeFile(const QString& path, QByteArrayView contents) {
   QSaveFile file(path);
   file.setDirectWriteFallback(false);
   if (!file.open(QIODevice::WriteOnly)) return FailureOf(file);
-  if (file.write(contents.data(), contents.size()) != contents.size() || !file.commit()) return FailureOf(file);
+  // A failure while the last bytes leave the buffer is told by flush(); commit() alone would overlook it.
+  if (file.write(contents.data(), contents.size()) != contents.size() || !file.flush() || !file.commit())
+    return FailureOf(file);
   return Done{};
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <memory>
+#include <optional>
 
 #include <xcb/xcb.h>
 
@@ -11,6 +12,7 @@ namespace {
 
 // A pager speaks for the user, so window managers do as it says, whatever the user typed last elsewhere.
 constexpr std::uint32_t kSourcePager = 2;
+constexpr std::uint32_t kAllWorkspaces = 0xFFFFFFFF;
 
 using Connection = std::unique_ptr<xcb_connection_t, decltype(&xcb_disconnect)>;
 
@@ -22,25 +24,37 @@ xcb_atom_t Atom(xcb_connection_t* connection, const QByteArray& name) {
   return atom;
 }
 
-bool HasWindowManager(xcb_connection_t* connection, xcb_window_t root) {
-  const auto cookie =
-      xcb_get_property(connection, 0, root, Atom(connection, "_NET_SUPPORTING_WM_CHECK"), XCB_ATOM_WINDOW, 0, 1);
+std::optional<std::uint32_t> Property(xcb_connection_t* connection, xcb_window_t window, const QByteArray& name) {
+  const auto cookie = xcb_get_property(connection, 0, window, Atom(connection, name), XCB_ATOM_ANY, 0, 1);
   xcb_get_property_reply_t* reply = xcb_get_property_reply(connection, cookie, nullptr);
-  const bool has = reply && xcb_get_property_value_length(reply) > 0;
+  std::optional<std::uint32_t> value;
+  if (reply && reply->format == 32 && xcb_get_property_value_length(reply) > 0) {
+    value = *static_cast<const std::uint32_t*>(xcb_get_property_value(reply));
+  }
   std::free(reply);
-  return has;
+  return value;
 }
 
-void AskWindowManager(xcb_connection_t* connection, xcb_window_t root, xcb_window_t window) {
+void Ask(xcb_connection_t* connection, xcb_window_t root, xcb_window_t window, const QByteArray& what,
+         std::uint32_t value) {
   xcb_client_message_event_t event{};
   event.response_type = XCB_CLIENT_MESSAGE;
   event.format = 32;
   event.window = window;
-  event.type = Atom(connection, "_NET_ACTIVE_WINDOW");
-  event.data.data32[0] = kSourcePager;
+  event.type = Atom(connection, what);
+  event.data.data32[0] = value;
   event.data.data32[1] = XCB_CURRENT_TIME;
   xcb_send_event(connection, 0, root, XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
                  reinterpret_cast<const char*>(&event));
+}
+
+// Not every window manager goes to the window's workspace by itself.
+void AskWindowManager(xcb_connection_t* connection, xcb_window_t root, xcb_window_t window) {
+  const auto workspace = Property(connection, window, "_NET_WM_DESKTOP");
+  if (workspace && *workspace != kAllWorkspaces && workspace != Property(connection, root, "_NET_CURRENT_DESKTOP")) {
+    Ask(connection, root, root, "_NET_CURRENT_DESKTOP", *workspace);
+  }
+  Ask(connection, root, window, "_NET_ACTIVE_WINDOW", kSourcePager);
 }
 
 void RaiseDirectly(xcb_connection_t* connection, xcb_window_t window) {
@@ -58,7 +72,7 @@ bool RaiseWindow(const QByteArray& display, std::uint32_t window) {
   if (xcb_connection_has_error(connection.get())) return false;
   auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection.get()));
   for (; number > 0 && screens.rem > 1; --number) xcb_screen_next(&screens);
-  if (HasWindowManager(connection.get(), screens.data->root)) {
+  if (Property(connection.get(), screens.data->root, "_NET_SUPPORTING_WM_CHECK")) {
     AskWindowManager(connection.get(), screens.data->root, window);
   } else {
     RaiseDirectly(connection.get(), window);

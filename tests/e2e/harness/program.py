@@ -25,8 +25,10 @@ def click(node):
 class Program:
     """A running qm_snipdeck."""
 
-    def __init__(self, binary):
-        self.home = tempfile.TemporaryDirectory(prefix="snipdeck-home.")
+    def __init__(self, binary, home=None, first_focus="Text box 1"):
+        """`home` is a TemporaryDirectory that outlives this run; `first_focus` is the text that gets the keyboard."""
+        self._own_home = None if home else tempfile.TemporaryDirectory(prefix="snipdeck-home.")
+        self.home = home or self._own_home
         self._errors = tempfile.TemporaryFile()
         environment = {name: value for name, value in os.environ.items() if not name.startswith("XDG_")}
         environment |= {"HOME": self.home.name, "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1", "QT_FORCE_STDERR_LOGGING": "1",
@@ -35,7 +37,7 @@ class Program:
         self.tree = accessible.application(self._process.pid)
         self._nodes = {}
         # The program begins to watch the clipboard when its window becomes the active one.
-        wait_until("the keyboard in text box 1", lambda: self.box(1).is_focused())
+        wait_until(f"the keyboard in {first_focus}", lambda: self._text(first_focus).is_focused())
 
     def box(self, number):
         return self._text(f"Text box {number}")
@@ -75,7 +77,8 @@ class Program:
         except subprocess.TimeoutExpired:
             self._process.kill()
             self._process.wait()
-        self.home.cleanup()
+        if self._own_home:
+            self._own_home.cleanup()
         with self._errors as errors:
             errors.seek(0)
             return errors.read().decode(errors="replace")

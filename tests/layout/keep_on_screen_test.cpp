@@ -1,0 +1,80 @@
+#include "layout/keep_on_screen.h"
+
+#include <algorithm>
+
+#include <QTest>
+
+namespace snipdeck {
+
+namespace {
+
+/// A window that takes every value, but none below its smallest size.
+class FakeWindow : public WindowGeometry {
+ public:
+  double left = 0, top = 0, width = 0, height = 0;
+  double smallestWidth = 0, smallestHeight = 0;
+
+  explicit FakeWindow(const SavedPlacement& saved)
+      : left(saved.left), top(saved.top), width(saved.width), height(saved.height) {}
+
+  double Left() const override { return left; }
+  double Top() const override { return top; }
+  double Width() const override { return width; }
+  double Height() const override { return height; }
+  void SetLeft(double twips) override { left = twips; }
+  void SetTop(double twips) override { top = twips; }
+  void SetWidth(double twips) override { width = std::max(twips, smallestWidth); }
+  void SetHeight(double twips) override { height = std::max(twips, smallestHeight); }
+
+  QList<double> Place() const { return {left, top, width, height}; }
+};
+
+constexpr WorkArea kArea{150, 450, 15000, 10000};
+
+}  // namespace
+
+class KeepOnScreenTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void Places_data() {
+    QTest::addColumn<SavedPlacement>("saved");
+    QTest::addColumn<bool>("main");
+    QTest::addColumn<QList<double>>("expected");
+    using L = QList<double>;
+    QTest::newRow("fits") << SavedPlacement{1000, 2000, 8000, 7000} << true << L{1000, 2000, 8000, 7000};
+    QTest::newRow("never saved") << SavedPlacement{} << true << L{450, 750, 4800, 3200};
+    QTest::newRow("never saved, another window") << SavedPlacement{} << false << L{750, 1050, 4800, 3200};
+    QTest::newRow("too wide") << SavedPlacement{1000, 2000, 15001, 7000} << true << L{450, 2000, 14400, 7000};
+    QTest::newRow("too high, another window")
+        << SavedPlacement{1000, 2000, 8000, 12000} << false << L{1000, 1050, 8000, 8800};
+    QTest::newRow("sticks out right") << SavedPlacement{9000, 2000, 8000, 7000} << true << L{6850, 2000, 8000, 7000};
+    QTest::newRow("sticks out below") << SavedPlacement{1000, 3001, 8000, 7000} << true << L{1000, 3150, 8000, 7000};
+    QTest::newRow("just inside") << SavedPlacement{7000, 3000, 8000, 7000} << true << L{7000, 3000, 8000, 7000};
+    QTest::newRow("far outside") << SavedPlacement{2000000000, 3000, 2000000000, 7000} << true
+                                 << L{450, 3000, 14400, 7000};
+  }
+  void Places() {
+    QFETCH(SavedPlacement, saved);
+    QFETCH(bool, main);
+    FakeWindow window(saved);
+    KeepOnScreen(kArea, window, main ? PlacedWindow::Main : PlacedWindow::Other, saved);
+    QTEST(window.Place(), "expected");
+  }
+
+  void TheSmallestSizeCountsAsTheWindowTookIt() {
+    SavedPlacement saved{1000, 2000, 16000, 7000};
+    FakeWindow window(saved);
+    window.smallestWidth = 14800;
+    KeepOnScreen(kArea, window, PlacedWindow::Main, saved);
+    // 450 and 14800 exceed the width of the area, so the window goes back by what it sticks out.
+    QCOMPARE(window.Place(), (QList<double>{50, 2000, 14800, 7000}));
+    QCOMPARE(saved.width, 14800);
+  }
+};
+
+}  // namespace snipdeck
+
+
+QTEST_GUILESS_MAIN(snipdeck::KeepOnScreenTest)
+#include "keep_on_screen_test.moc"
