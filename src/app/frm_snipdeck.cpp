@@ -1,13 +1,15 @@
 #include "app/frm_snipdeck.h"
 
 #include <QCloseEvent>
+#include <QDir>
 #include <QLabel>
 #include <QMenuBar>
 #include <QResizeEvent>
 
-#include "app/menu_table.h"
+#include "app/menu_builder.h"
 #include "app/program_folder.h"
 #include "layout/main_window_layout.h"
+#include "navigation/sidebar_rows.h"
 #include "platform/units.h"
 
 namespace snipdeck {
@@ -22,7 +24,12 @@ constexpr TwipRect kFormatLabelPlace{9720, 180, 1695, 255};
 frmSnipdeck::frmSnipdeck(const MainWindowServices& services)
     : m_services(services),
       m_client(new QWidget(this)),
+      m_topRow(BuildTopRow(*this, *m_client)),
       m_boxes(new BoxSet(*m_client, services.messages)),
+      m_sidebar(new Sidebar(*m_client, m_settings, services.messages, Host())),
+      m_focusSwitch(*m_boxes, *m_sidebar),
+      m_programs({services.files, services.shell, services.windows, services.messages},
+                 ProgramSearch(services.files, services.ownFolder, QDir::separator()), m_settings),
       m_capture(*m_boxes, services.clipboard, m_settings.startWithCumulative),
       m_interaction(*m_boxes),
       m_views(*m_boxes),
@@ -37,7 +44,7 @@ frmSnipdeck::frmSnipdeck(const MainWindowServices& services)
   setObjectName("frmSnipdeck");
   setWindowTitle(QString::fromLatin1(kProgramTitle));
   setCentralWidget(m_client);
-  BuildMenus();
+  BuildMenus(*this, *menuBar());
   PlaceFixedControls();
   SetTabOrder();
   KeepMinimumSize();
@@ -61,23 +68,24 @@ MainWindowParts frmSnipdeck::Parts() {
 }
 
 void frmSnipdeck::Form_Load() {
+  m_startUp.Steps().buildSidebar = [this] { BuildSidebar(); };
   m_startUp.Load();
 }
 
-void frmSnipdeck::BuildMenus() {
-  for (const Menu& menu : MainMenus()) {
-    QMenu* widget = menuBar()->addMenu(tr(menu.caption));
-    widget->setObjectName(menu.name);
-    for (const MenuEntry& entry : menu.entries) {
-      if (!entry.name) {
-        widget->addSeparator();
-        continue;
-      }
-      QAction* action = widget->addAction(tr(entry.caption), this, entry.handler);
-      action->setObjectName(entry.name);
-      action->setShortcut(QKeySequence::fromString(QString::fromLatin1(entry.shortcut), QKeySequence::PortableText));
-    }
-  }
+SidebarHost frmSnipdeck::Host() {
+  return {.runCommand = [this](int row) { RunSidebarRow(row); },
+          .layOut = [this] { Form_Resize(); },
+          .switchFocus = [this] { m_focusSwitch.SwitchFocus(); }};
+}
+
+void frmSnipdeck::BuildSidebar() {
+  m_sidebar->Fill();
+  m_sidebar->SetHandPointer(LoadHandPointer(m_services.folder));
+  for (int row = 1; row <= kSidebarRowCount; ++row) m_sidebar->SetRowEnabled(row, SidebarCommand(row));
+}
+
+void frmSnipdeck::RunSidebarRow(int row) {
+  if (const CommandHandler handler = SidebarCommand(row)) (this->*handler)();
 }
 
 void frmSnipdeck::PlaceFixedControls() {
@@ -88,6 +96,8 @@ void frmSnipdeck::PlaceFixedControls() {
 }
 
 void frmSnipdeck::SetTabOrder() {
+  setTabOrder(m_topRow.back(), &m_sidebar->Grid());
+  setTabOrder(&m_sidebar->Grid(), &m_boxes->Box(1));
   for (int n = 1; n < kBoxCount; ++n) setTabOrder(&m_boxes->Box(n), &m_boxes->Box(n + 1));
   for (int n = 1; n <= kBoxCount; ++n) m_boxes->Box(n).installEventFilter(this);
   m_boxes->TXTextControl1().installEventFilter(this);
@@ -114,7 +124,44 @@ void frmSnipdeck::mnuViewBoxLarge_Click() {
   m_interaction.ToggleFullScreen();
 }
 
+void frmSnipdeck::mnuExplorer_Click() {
+  m_programs.ExploreStorage();
+}
+
+void frmSnipdeck::mnuTrawler_Click() {
+  m_programs.ShowStorageInTrawler();
+}
+
+void frmSnipdeck::mnuView_Jotter_Click() {
+  m_programs.StartJotter();
+}
+
+void frmSnipdeck::mnuView_SideBar_Click() {
+  m_sidebar->ToggleShown();
+}
+
+void frmSnipdeck::mnuViewSideBarWidth_Click() {
+  m_sidebar->ToggleSideBarWidth(1);
+}
+
+void frmSnipdeck::cmdDesktop_Click() {
+  m_programs.GotoDesktop();
+}
+
+void frmSnipdeck::BrowserRow_Click() {
+  m_programs.StartBrowser();
+}
+
+void frmSnipdeck::ExplorerRow_Click() {
+  m_programs.ExploreCurrent();
+}
+
+void frmSnipdeck::TrawlerRow_Click() {
+  m_programs.ShowCurrentInTrawler();
+}
+
 void frmSnipdeck::Form_Activate() {
+  m_programs.SetMainWindow(winId());
   m_geometry.FitFrame();
   m_sessionIsEnding = false;
   m_startUp.Activated([this] { ctlClipboard1_Changed(); });
@@ -122,10 +169,12 @@ void frmSnipdeck::Form_Activate() {
 
 void frmSnipdeck::Form_Resize() {
   KeepMinimumSize();
-  const double boxOneTop = TwipsFromPixels(m_boxes->Box(1).y());
-  const auto placement =
-      MainWindowLayout::Place(TwipsFromPixels(m_client->width()), TwipsFromPixels(m_client->height()),
-                              MainWindowLayout::GridLeft(false, 0), boxOneTop);
+  const double width = TwipsFromPixels(m_client->width());
+  const double height = TwipsFromPixels(m_client->height());
+  if (m_sidebar->IsShown()) m_sidebar->ToggleSideBarWidth(0);
+  m_sidebar->Place(MainWindowLayout::SidebarGridHeight(height));
+  const double left = MainWindowLayout::GridLeft(m_sidebar->IsShown(), m_sidebar->Width());
+  const auto placement = MainWindowLayout::Place(width, height, left, TwipsFromPixels(m_boxes->Box(1).y()));
   for (int n = 1; n <= kBoxCount; ++n) ApplyRect(m_boxes->Box(n), placement.boxes[static_cast<size_t>(n - 1)]);
   m_boxes->Frame1->Apply(placement.frame1);
   m_boxes->Frame2->Apply(placement.frame2);

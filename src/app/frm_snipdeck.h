@@ -3,14 +3,19 @@
 #include <QMainWindow>
 
 #include "app/crash_recovery.h"
+#include "app/focus_switch.h"
 #include "app/shut_down.h"
 #include "app/start_up.h"
 #include "app/stored_box_set.h"
+#include "app/top_row.h"
 #include "capture/box_interaction.h"
 #include "capture/box_set.h"
 #include "capture/clipboard_capture.h"
 #include "capture/combined_views.h"
+#include "navigation/external_programs.h"
+#include "navigation/sidebar.h"
 #include "platform/clipboard.h"
+#include "platform/qt/command_button.h"
 #include "platform/qt/qt_window_geometry.h"
 
 namespace snipdeck {
@@ -22,6 +27,11 @@ struct MainWindowServices {
   ClipboardWriter& clipboardWriter;
   MessageBox& messages;
   const Screen& screen;
+  FileLookup& files;
+  Shell& shell;
+  WindowList& windows;
+  /// The folder of the executable file.
+  QString ownFolder;
   /// The program's folder, and the settings file for users who have none.
   QString folder;
   QString firstSettings;
@@ -43,8 +53,18 @@ class frmSnipdeck : public QMainWindow {
   void ctlClipboard1_Changed();
   void mnuCumulative_Click();
   void mnuExit_Click();
+  void mnuExplorer_Click();
   void mnuSaveTextBoxes_Click();
+  void mnuTrawler_Click();
   void mnuViewBoxLarge_Click();
+  void mnuViewSideBarWidth_Click();
+  void mnuView_Jotter_Click();
+  void mnuView_SideBar_Click();
+  void cmdDesktop_Click();
+  /// Rows of the sidebar that do something of their own.
+  void BrowserRow_Click();
+  void ExplorerRow_Click();
+  void TrawlerRow_Click();
   /// The session may be about to end.
   void SessionEnding();
   /// The system ends the program: keeps what there is to keep, asks nothing.
@@ -58,19 +78,25 @@ class frmSnipdeck : public QMainWindow {
   void showEvent(QShowEvent* event) override;
 
  private:
-  void BuildMenus();
   void PlaceFixedControls();
+  void BuildSidebar();
+  void RunSidebarRow(int row);
   void SetTabOrder();
   void Form_Activate();
   void Form_Resize();
   bool Form_QueryUnload();
   void KeepMinimumSize();
   MainWindowParts Parts();
+  SidebarHost Host();
 
   MainWindowServices m_services;
   Settings m_settings;
   QWidget* m_client;
+  TopRow m_topRow;
   BoxSet* m_boxes;
+  Sidebar* m_sidebar;
+  FocusSwitch m_focusSwitch;
+  ExternalPrograms m_programs;
   ClipboardCapture m_capture;
   BoxInteraction m_interaction;
   CombinedViews m_views;

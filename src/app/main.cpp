@@ -6,10 +6,13 @@
 #include "app/program_folder.h"
 #include "app/single_instance.h"
 #include "app/termination_signals.h"
+#include "platform/qt/qt_file_lookup.h"
 #include "platform/qt/qt_message_box.h"
 #include "platform/qt/qt_screen.h"
 #include "platform/x11/x11_clipboard_access.h"
 #include "platform/x11/x11_clipboard_watch.h"
+#include "platform/x11/x11_shell.h"
+#include "platform/x11/x11_window_list.h"
 
 namespace {
 
@@ -31,7 +34,11 @@ int Run(QApplication& application, SingleInstance& instance, const QString& fold
   X11ClipboardAccess clipboardAccess(contents, HolderProgram());
   QtMessageBox messages;
   QtScreen screen;
-  frmSnipdeck window({clipboard, clipboard, clipboardAccess, messages, screen, folder, InstalledSettingsPath()});
+  QtFileLookup files;
+  X11Shell shell;
+  X11WindowList windows;
+  frmSnipdeck window({clipboard, clipboard, clipboardAccess, messages, screen, files, shell, windows,
+                      QCoreApplication::applicationDirPath(), folder, InstalledSettingsPath()});
   screen.Follow(&window);
   window.Form_Load();
 

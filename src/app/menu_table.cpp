@@ -1,31 +1,188 @@
 #include "app/menu_table.h"
 
+#include <string_view>
+
 #include "app/frm_snipdeck.h"
 
 namespace snipdeck {
 
 namespace {
 
-constexpr MenuEntry kFileEntries[] = {
-    {"mnuSaveTextBoxes", "&Save all text boxes", "Ctrl+S", &frmSnipdeck::mnuSaveTextBoxes_Click},
+using F = frmSnipdeck;
+
+constexpr Command kFileEntries[] = {
+    {"mnuLoadBoxes",
+     "&Load previous contents",
+     "Ctrl+L",
+     "edit-paste-5",
+     nullptr,
+     {8, "cmdLoadPrevious", "Load previous contents of boxes"}},
+    {"mnuSaveTextBoxes",
+     "&Save all text boxes",
+     "Ctrl+S",
+     "_SaveAs_32x32",
+     &F::mnuSaveTextBoxes_Click,
+     {9, "cmdAutosaveTextBoxes", "Autosave contents of text boxes"}},
+    {"mnuSaveAs",
+     "Save current &box",
+     "Ctrl+B",
+     "_SaveAs_32x32-green",
+     nullptr,
+     {10, "cmdSaveAs", "Save contents of current text box"}},
+    {"mnuAppend",
+     "Appen&d box text to file",
+     "Ctrl+D",
+     "append",
+     nullptr,
+     {11, "cmdAppend", "Append text to disk file"}},
+    {"mnuFolder", "Set default &folder", "Ctrl+F11"},
     {},
-    {"mnuExit", "E&xit", "", &frmSnipdeck::mnuExit_Click},
+    {"mnuIntoClipboard", "&Get file for cumulative clipboard", "Ctrl+G"},
+    {"mnuSaveText",
+     "Save cumulative clipboard &text",
+     "Ctrl+T",
+     "save-cumulative",
+     nullptr,
+     {12, "cmdSaveText", "Save cumulative clipboard text to file"}},
+    {},
+    {"mnuExit", "E&xit", "", "Exit_32x32", &F::mnuExit_Click, {0, "cmdExit", "Exit program"}},
 };
 
-constexpr MenuEntry kEditEntries[] = {
-    {"mnuCumulative", "&View cumulative clipboard", "Ctrl+Y", &frmSnipdeck::mnuCumulative_Click},
-    {"mnuViewBoxLarge", "&Toggle full screen", "F5", &frmSnipdeck::mnuViewBoxLarge_Click},
+constexpr Command kEditEntries[] = {
+    {"mnuAllInOne",
+     "&All boxes in one",
+     "F12",
+     "all-in-one",
+     nullptr,
+     {16, "cmdAllInOne", "Contents of all boxes in one text window"}},
+    {"mnuCopyOneBox",
+     "&Copy one box contents",
+     "Ctrl+F12",
+     "copy-box",
+     nullptr,
+     {17, "cmdCopyOneBox", "Copy one box contents to Windows clipboard"}},
+    {},
+    {"mnuCumulative", "&View cumulative clipboard", "Ctrl+Y", "My docs 32", &F::mnuCumulative_Click},
+    {"mnuViewBoxLarge",
+     "&Toggle full screen",
+     "F5",
+     "Monitor_(blue)",
+     &F::mnuViewBoxLarge_Click,
+     {15, "cmdViewBoxLarge", "Toggle full screen for box contents"}},
+    {"mnuClipStyles", "&Windows clipboard", "F6", "Paste", nullptr, {3, "cmdClip", "Show Windows clipboard"}},
+    {},
+    {"mnuEmpty", "Empt&y all boxes", "Ctrl+M"},
+};
+
+constexpr Command kViewEntries[] = {
+    {"mnuShowAllTypes",
+     "Show &all clipboard types",
+     "F11",
+     "clipboard-types",
+     nullptr,
+     {4, "cmdAllTypes", "View all clipboard types"}},
+    {},
+    {"mnuView_SideBar",
+     "&Show sidebar",
+     "F7",
+     "sidebar",
+     &F::mnuView_SideBar_Click,
+     {13, "cmdToggleSideBar", "Toggle display of sidebar"}},
+    {"mnuViewSideBarWidth", "Sidebar &width", "Shift+F7", nullptr, &F::mnuViewSideBarWidth_Click},
+    {},
+    {"mnuScreenSize",
+     "Window si&ze",
+     "Ctrl+Shift+F2",
+     "window-size",
+     nullptr,
+     {2, "cmdScreenSize", "Determine window size"}},
+    {"mnuContrlFont", "&Control font"},
+    {"mnuButtonColour", "&Button colour"},
+};
+
+constexpr Command kMiscEntries[] = {
+    {"mnuTopicalNotes", "&Topical notes", "F1", "Writer"},
+    {"mnuNewTextFile", "&New text file", "Ctrl+N"},
+    {},
+    {"mnuHelp", "Brief &help", "Shift+F1"},
+    {"mnuSettings", "&Settings", "F3", "settings", nullptr, {14, "cmdSettings", "Determine program settings"}},
+    {},
+    {"mnuTrawler",
+     "&Mini Trawler",
+     "Ctrl+F1",
+     "Trawler_32x32",
+     &F::mnuTrawler_Click,
+     {7, "cmdTrawler", "Load File Trawler"}},
+    {"mnuExplorer",
+     "E&xplorer",
+     "Ctrl+Shift+F9",
+     "Explorer_32x32",
+     &F::mnuExplorer_Click,
+     {6, "cmdExplorer", "Load Windows Explorer"}},
+    {"mnuView_Jotter",
+     "Text &editor",
+     "Ctrl+E",
+     "jotter",
+     &F::mnuView_Jotter_Click,
+     {5, "cmdJotter", "Load jotter utility"}},
 };
 
 constexpr Menu kMenus[] = {
     {"mnuFile", "&File", kFileEntries},
     {"mnuEdit", "&Edit", kEditEntries},
+    {"mnuView", "&View", kViewEntries},
+    {"mnuMisc", "&Misc", kMiscEntries},
 };
+
+constexpr Command kButtonCommands[] = {
+    {nullptr, nullptr, "", "Desktop_32x32", &F::cmdDesktop_Click, {1, "cmdDesktop", "Show desktop"}},
+};
+
+/// A row runs what a menu entry runs, or a handler of its own.
+struct RowCommand {
+  std::string_view entry;
+  CommandHandler own = nullptr;
+};
+
+constexpr RowCommand kRowCommands[] = {
+    {"mnuLoadBoxes"},
+    {"mnuViewBoxLarge"},
+    {"mnuCumulative"},
+    {"mnuSaveTextBoxes"},
+    {"mnuSaveAs"},
+    {"mnuClipStyles"},
+    {"", &F::TrawlerRow_Click},
+    {"", &F::ExplorerRow_Click},
+    {"", &F::BrowserRow_Click},
+    {"mnuTopicalNotes"},
+    {"mnuSettings"},
+    {"", &F::cmdDesktop_Click},
+    {"mnuExit"},
+};
+
+CommandHandler HandlerOfEntry(std::string_view name) {
+  for (const Menu& menu : kMenus) {
+    for (const Command& command : menu.entries) {
+      if (command.entry && command.entry == name) return command.handler;
+    }
+  }
+  return nullptr;
+}
 
 }  // namespace
 
 std::span<const Menu> MainMenus() {
   return kMenus;
+}
+
+std::span<const Command> ButtonCommands() {
+  return kButtonCommands;
+}
+
+CommandHandler SidebarCommand(int row) {
+  if (row < 1 || row > static_cast<int>(std::size(kRowCommands))) return nullptr;
+  const RowCommand& command = kRowCommands[row - 1];
+  return command.own ? command.own : HandlerOfEntry(command.entry);
 }
 
 }  // namespace snipdeck

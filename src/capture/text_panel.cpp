@@ -60,9 +60,12 @@ void TextPanel::paintEvent(QPaintEvent*) {
 }
 
 void ApplyRect(QWidget& widget, const TwipRect& rect) {
-  if (rect.width < 0 || rect.height < 0) return;
-  widget.setGeometry(PixelsFromTwips(rect.left), PixelsFromTwips(rect.top), PixelsFromTwips(rect.width),
-                     PixelsFromTwips(rect.height));
+  // Edges snap rather than sizes, so that what ends at the same place in twips does so in pixels.
+  const int left = PixelsFromTwips(rect.left);
+  const int top = PixelsFromTwips(rect.top);
+  const int width = rect.width < 0 ? widget.width() : PixelsFromTwips(rect.left + rect.width) - left;
+  const int height = rect.height < 0 ? widget.height() : PixelsFromTwips(rect.top + rect.height) - top;
+  widget.setGeometry(left, top, width, height);
 }
 
 }  // namespace snipdeck

@@ -24,7 +24,7 @@ class TextPanel : public QFrame {
   RichTextControl& TextControl() { return *m_textControl; }
   QString Caption() const { return m_caption; }
   void SetCaption(const QString& caption);
-  /// Moves the panel and its children; negative sizes are not applied.
+  /// Moves the panel and its children; widths and heights that are negative are not applied.
   void Apply(const PanelPlacement& placement);
 
  protected:
@@ -39,7 +39,7 @@ class TextPanel : public QFrame {
   QLabel* m_marginStrip;
 };
 
-/// Puts `widget` at a place in twips; controls snap to whole pixels, a negative size leaves the widget where it is.
+/// Puts `widget` at a place in twips; controls snap to whole pixels. A width or height that is negative is not applied.
 void ApplyRect(QWidget& widget, const TwipRect& rect);
 
 }  // namespace snipdeck

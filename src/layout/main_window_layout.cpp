@@ -10,6 +10,8 @@ constexpr int kRows = 6;
 constexpr double kGap = 20;  // between rows, and on either side of the middle between the columns
 constexpr double kSidebarLeft = 120;
 constexpr double kSidebarGap = 80;
+constexpr double kSidebarGridTop = 740;
+constexpr double kBottomMargin = 60;
 constexpr double kRowsTaken = 720;  // of the client height: the grid's top, five gaps and the bottom margin
 constexpr double kRightMargin = 80;
 constexpr double kPanelHeightTaken = 640;
@@ -42,6 +44,10 @@ PanelPlacement PlacePanel(const TwipRect& panel, double buttonBarLeft) {
 
 double MainWindowLayout::GridLeft(bool sidebarShown, double sidebarWidth) {
   return sidebarShown ? std::nearbyint(sidebarWidth + kSidebarLeft + kSidebarGap) : kGridLeft;
+}
+
+double MainWindowLayout::SidebarGridHeight(double clientHeight) {
+  return clientHeight - kSidebarGridTop - kBottomMargin;
 }
 
 MainWindowPlacement MainWindowLayout::Place(double clientWidth, double clientHeight, double gridLeft,

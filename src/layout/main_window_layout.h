@@ -42,6 +42,8 @@ class MainWindowLayout {
 
   /// Left edge of the box grid beside a sidebar of that width, a whole number.
   static double GridLeft(bool sidebarShown, double sidebarWidth);
+  /// Height of the sidebar's grid, which ends where the box grid ends; negative in a client area that is too low.
+  static double SidebarGridHeight(double clientHeight);
 
   /// Places everything in a client area of that size. `boxOneTop` is where box 1 stands at this moment: the panels
   /// follow it. A client area that is too small gives negative sizes, which the caller does not apply.
