@@ -75,9 +75,8 @@ void SnapshotReader::HandleProperty(const xcb_property_notify_event_t& event) {
 }
 
 void SnapshotReader::Supersede() {
-  if (IsFinished() || m_superseded) return;
-  m_superseded = true;
-  m_supersededTimer.start();
+  if (IsFinished()) return;
+  if (m_changesWhileRead++ == 0) m_supersededTimer.start();
 }
 
 void SnapshotReader::OwnerGone() {
@@ -145,7 +144,8 @@ void SnapshotReader::AskForSecrecy() {
 void SnapshotReader::SecrecyArrived() {
   // An owner that marks its contents but does not say how gets the benefit of the doubt: they stay unread.
   const bool told = m_secrecy->CurrentState() == SelectionTransfer::State::Done;
-  if (!told || MeansSecret(m_secrecyLeft.back(), m_secrecy->Bytes())) return Finish();
+  m_isSecret = !told || MeansSecret(m_secrecyLeft.back(), m_secrecy->Bytes());
+  if (m_isSecret) return Finish();
   m_secrecyLeft.pop_back();
   AskForSecrecy();
 }

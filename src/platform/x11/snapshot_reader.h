@@ -49,7 +49,11 @@ class SnapshotReader : public QObject {
   void OwnerGone();
 
   bool IsFinished() const { return m_stage == Stage::Finished; }
-  bool WasSuperseded() const { return m_superseded; }
+  /// Newer changes that came before it was finished. What it read may have come from the owner after any of them.
+  int ChangesWhileRead() const { return m_changesWhileRead; }
+  bool IsSecret() const { return m_isSecret; }
+  /// Whether IsSecret() is the last word.
+  bool KnowsSecrecy() const { return m_stage == Stage::Contents || m_stage == Stage::Finished; }
   /// False if nothing could be read, or if the contents are secret.
   bool HasContents() const;
   const ClipboardSnapshot& Snapshot() const { return m_snapshot; }
@@ -85,7 +89,8 @@ class SnapshotReader : public QObject {
   CopyOrigin m_origin;
   TransferLimits m_limits;
   Stage m_stage = Stage::Targets;
-  bool m_superseded = false;
+  int m_changesWhileRead = 0;
+  bool m_isSecret = false;
   std::vector<std::unique_ptr<SelectionTransfer>> m_transfers;
   std::vector<xcb_atom_t> m_offered;
   std::vector<QByteArray> m_richTextLeft;

@@ -113,25 +113,31 @@ void X11ClipboardWatch::BeginReading(xcb_timestamp_t time, const CopyOrigin& ori
           Qt::QueuedConnection);
 }
 
-bool X11ClipboardWatch::FrontMayEchoNext() const {
-  return m_readers.size() > 1 && m_readers.front()->WasSuperseded();
+X11ClipboardWatch::Verdict X11ClipboardWatch::JudgeFront() const {
+  const SnapshotReader& front = *m_readers.front();
+  if (!front.IsFinished()) return Verdict::Wait;
+  if (!front.HasContents()) return Verdict::Drop;
+  const auto changes = std::min(static_cast<std::size_t>(front.ChangesWhileRead()), m_readers.size() - 1);
+  // Its contents were replaced while they were read, so the answers may have been newer contents already: secrets, or
+  // what the next reader has too.
+  for (std::size_t i = 1; i <= changes; ++i) {
+    if (m_readers[i]->IsSecret()) return Verdict::Drop;
+    if (!m_readers[i]->KnowsSecrecy()) return Verdict::Wait;
+  }
+  if (changes > 0 && !m_readers[1]->IsFinished()) return Verdict::Wait;
+  if (changes > 0 && SameContents(front.Snapshot(), m_readers[1]->Snapshot())) return Verdict::Drop;
+  return m_echoes.IsEcho(front.Origin(), front.Snapshot()) ? Verdict::Drop : Verdict::Tell;
 }
 
 void X11ClipboardWatch::TellFinished() {
   if (m_telling) return;
   m_telling = true;
-  while (!m_readers.empty() && m_readers.front()->IsFinished()) {
-    if (FrontMayEchoNext()) {
-      // Its contents were replaced while they were read, so the answers may have been the newer contents already.
-      if (!m_readers[1]->IsFinished()) break;
-      if (SameContents(m_readers[0]->Snapshot(), m_readers[1]->Snapshot())) {
-        m_readers.pop_front();
-        continue;
-      }
-    }
+  while (!m_readers.empty()) {
+    const Verdict verdict = JudgeFront();
+    if (verdict == Verdict::Wait) break;
     const std::unique_ptr<SnapshotReader> reader = std::move(m_readers.front());
     m_readers.pop_front();
-    if (!reader->HasContents() || m_echoes.IsEcho(reader->Origin(), reader->Snapshot())) continue;
+    if (verdict == Verdict::Drop) continue;
     m_echoes.Told(reader->Origin(), reader->Snapshot());
     m_current = reader->Snapshot();
     if (m_onChange) m_onChange();

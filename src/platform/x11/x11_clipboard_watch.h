@@ -31,12 +31,15 @@ class X11ClipboardWatch : public QObject, public ChangeWatch, public Clipboard {
   QStringList FileList() const override { return m_current.files; }
 
  private:
+  /// What becomes of the oldest change that has not been told.
+  enum class Verdict { Wait, Drop, Tell };
+
   CopyOrigin OriginOf(xcb_window_t owner, xcb_timestamp_t time) const;
   void HandleEvent(const xcb_generic_event_t* event);
   void HandleOwnerChange(const xcb_xfixes_selection_notify_event_t& event);
   void BeginReading(xcb_timestamp_t time, const CopyOrigin& origin);
   void TellFinished();
-  bool FrontMayEchoNext() const;
+  Verdict JudgeFront() const;
 
   XConnection m_connection;
   PropertyPool m_pool;

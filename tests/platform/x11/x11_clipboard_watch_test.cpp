@@ -4,32 +4,16 @@
 #include <QElapsedTimer>
 #include <QGuiApplication>
 #include <QMimeData>
-#include <QProcess>
 #include <QTest>
 #include <QTimer>
+
+#include "platform/x11/owner.h"
 
 namespace snipdeck {
 
 namespace {
 
 constexpr TransferLimits kShortLimits{.stallMs = 300, .supersededMs = 600, .maxBytes = 1 << 20};
-
-/// Another program that owns the clipboard until the object goes.
-class Owner {
- public:
-  explicit Owner(const QStringList& arguments) {
-    m_process.start(QStringLiteral(CLIPBOARD_OWNER), arguments);
-    if (!m_process.waitForStarted()) qFatal("%s does not start", CLIPBOARD_OWNER);
-  }
-  ~Owner() {
-    m_process.kill();
-    m_process.waitForFinished();
-  }
-  bool HasEnded() { return m_process.state() == QProcess::NotRunning; }
-
- private:
-  QProcess m_process;
-};
 
 }  // namespace
 
@@ -137,10 +121,62 @@ class X11ClipboardWatchTest : public QObject {
     QFETCH(QString, hint);
     QFETCH(bool, isSecret);
     Watch watch;
-    const Owner owner({"UTF8_STRING:password", "x-kde-passwordManagerHint:" + hint});
+    Owner owner({"UTF8_STRING:password", "x-kde-passwordManagerHint:" + hint});
+    owner.WaitTaken();
     if (!isSecret) QTRY_COMPARE(watch.told, QStringList{"password"});
     watch.ExpectNextCopyToArrive();
     QCOMPARE(watch.told.contains("password"), !isSecret);
+  }
+
+  void EveryMarkOfSecrecyCounts_data() {
+    QTest::addColumn<QStringList>("offers");
+    QTest::newRow("viewer ignore") << QStringList{"Clipboard Viewer Ignore:"};
+    QTest::newRow("monitors") << QStringList{"ExcludeClipboardContentFromMonitorProcessing:x"};
+    QTest::newRow("mark that cannot be read") << QStringList{"x-kde-passwordManagerHint:x", "--mode", "refuse"};
+  }
+  void EveryMarkOfSecrecyCounts() {
+    QFETCH(QStringList, offers);
+    Watch watch;
+    Owner owner(QStringList{"UTF8_STRING:password", "image/png:x"} + offers);
+    owner.WaitTaken();
+    watch.ExpectNextCopyToArrive();
+    QCOMPARE(watch.told, QStringList{"next copy"});
+  }
+
+  void ASecondProgramsCopyOfACopyIsNotTold() {
+    Watch watch;
+    const Owner first({"UTF8_STRING:text", "STRING:text", "text/html:<b>text</b>", "text/rtf:{\\rtf1 text}"});
+    QTRY_COMPARE(watch.told, QStringList{"{\\rtf1 text}"});
+    Owner manager({"UTF8_STRING:text", "STRING:text", "application/x-of-a-manager:1"});
+    manager.WaitTaken();
+    watch.ExpectNextCopyToArrive();
+    QCOMPARE(watch.told, (QStringList{"{\\rtf1 text}", "next copy"}));
+  }
+
+  void TheSameTextCopiedTwiceIsToldTwice() {
+    Watch watch;
+    const Owner first({"UTF8_STRING:text", "STRING:text", "--count", "2", "--interval", "300"});
+    QTRY_COMPARE(watch.told, (QStringList{"text", "text"}));
+    const Owner second({"UTF8_STRING:text", "STRING:text"});
+    QTRY_COMPARE(watch.told, (QStringList{"text", "text", "text"}));
+  }
+
+  void WhatChangesWhileItIsReadIsToldOnce() {
+    Watch watch;
+    const Owner owner({"UTF8_STRING:copy %d", "--count", "6", "--interval", "3000", "--mode", "change"});
+    QVERIFY(WaitFor([&] { return watch.told.contains("copy 6"); }));
+    const QStringList all{"copy 1", "copy 2", "copy 3", "copy 4", "copy 5", "copy 6"};
+    QStringList expected;
+    for (const QString& text : all) {
+      if (watch.told.contains(text)) expected << text;
+    }
+    QCOMPARE(watch.told, expected);
+  }
+
+  void StrangeTargetsDoNotHideTheText() {
+    Watch watch;
+    const Owner owner({"UTF8_STRING:text", "--strange", "3000"});
+    QTRY_COMPARE(watch.told, QStringList{"text"});
   }
 
   void BadOwnersCostOnlyTheirCopy_data() {
