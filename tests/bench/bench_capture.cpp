@@ -9,6 +9,8 @@
 #include <QProcess>
 #include <QTimer>
 
+#include "app/program_folder.h"
+#include "app/single_instance.h"
 #include "bench_capture_stage.h"
 
 using namespace snipdeck;
@@ -132,10 +134,15 @@ class FirstPaint : public QObject {
 
 /// What main() does, up to the first painted window; then prints the time.
 int RunStartChild(int argc, char** argv) {
+  QCoreApplication::setApplicationName(QStringLiteral("QM_Snipdeck"));
+  const QString folder = ProgramFolder();
+  const SingleInstance instance(folder);
   QApplication application(argc, argv);
   X11ClipboardWatch clipboard;
-  QtMessageBox messages;
-  frmSnipdeck window({clipboard, clipboard, messages});
+  Outside outside;
+  frmSnipdeck window(outside.Services(clipboard, clipboard, folder));
+  outside.screen.Follow(&window);
+  window.Form_Load();
   FirstPaint painted;
   window.installEventFilter(&painted);
   window.show();

@@ -2,11 +2,14 @@
 
 #include <chrono>
 
+#include <QCoreApplication>
 #include <QEventLoop>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryFile>
 #include <QTimer>
+
+#include "app/program_folder.h"
 
 namespace snipdeck::bench {
 
@@ -58,8 +61,25 @@ void TimedWatch::StartWatching(Handler onChange) {
   });
 }
 
+MainWindowServices Outside::Services(ChangeWatch& watch, const Clipboard& clipboard, const QString& folder) {
+  return {watch,
+          clipboard,
+          m_access,
+          m_messages,
+          screen,
+          m_files,
+          m_shell,
+          m_windows,
+          QCoreApplication::applicationDirPath(),
+          folder,
+          InstalledSettingsPath()};
+}
+
 CaptureStage::CaptureStage()
-    : m_watch(m_clipboard, [this] { NoteCapture(); }), m_window({m_watch, m_clipboard, m_messages}) {
+    : m_watch(m_clipboard, [this] { NoteCapture(); }),
+      m_window(m_outside.Services(m_watch, m_clipboard, m_folder.path())) {
+  m_outside.screen.Follow(&m_window);
+  m_window.Form_Load();
   m_window.show();
   if (!RunUntil([this] { return m_watch.IsWatching(); }, 10'000)) qFatal("the window did not become active");
 }

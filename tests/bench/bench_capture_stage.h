@@ -5,11 +5,17 @@
 
 #include <QString>
 #include <QStringList>
+#include <QTemporaryDir>
 
 #include "app/frm_snipdeck.h"
 #include "platform/change_watch.h"
+#include "platform/qt/qt_file_lookup.h"
 #include "platform/qt/qt_message_box.h"
+#include "platform/qt/qt_screen.h"
+#include "platform/x11/x11_clipboard_access.h"
 #include "platform/x11/x11_clipboard_watch.h"
+#include "platform/x11/x11_shell.h"
+#include "platform/x11/x11_window_list.h"
 
 namespace snipdeck::bench {
 
@@ -27,7 +33,23 @@ class TimedWatch : public ChangeWatch {
   bool m_isWatching = false;
 };
 
-/// The main window as main() puts it together, on the present display, with a clock behind each capture.
+/// The outside world, as main() puts it together, without the helper that outlives the program.
+class Outside {
+ public:
+  MainWindowServices Services(ChangeWatch& watch, const Clipboard& clipboard, const QString& folder);
+  QtScreen screen;
+
+ private:
+  PresentContents m_contents;
+  X11ClipboardAccess m_access{m_contents, QString()};
+  QtMessageBox m_messages;
+  QtFileLookup m_files;
+  X11Shell m_shell;
+  X11WindowList m_windows;
+};
+
+/// The main window as main() puts it together, on the present display and in a new folder, with a clock behind each
+/// capture.
 class CaptureStage {
  public:
   CaptureStage();
@@ -52,9 +74,10 @@ class CaptureStage {
   void NoteCapture();
   bool RunUntil(const std::function<bool()>& isDone, int milliseconds);
 
+  QTemporaryDir m_folder;
   X11ClipboardWatch m_clipboard;
   TimedWatch m_watch;
-  QtMessageBox m_messages;
+  Outside m_outside;
   frmSnipdeck m_window;
   std::vector<Capture> m_captures;
   std::function<void()> m_onCapture;
