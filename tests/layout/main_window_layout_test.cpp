@@ -30,6 +30,15 @@ class MainWindowLayoutTest : public QObject {
     QCOMPARE(MainWindowLayout::GridLeft(true, 2294.6), 2495.0);
   }
 
+  void SidebarEndsWithTheGrid() {
+    const auto boxes = MainWindowLayout::Place(12000, 9000, 2495, 560).boxes;
+    QCOMPARE(740 + MainWindowLayout::SidebarGridHeight(9000), boxes[5].top + boxes[5].height);
+    QCOMPARE(boxes[0].left, 2495.0);
+    QCOMPARE(boxes[0].left + boxes[0].width + 40, boxes[6].left);
+    QCOMPARE(boxes[6].left + boxes[6].width, 12000.0);
+    QVERIFY(MainWindowLayout::SidebarGridHeight(0) < 0);
+  }
+
   void HalvesAndSixthsAreNotRounded() {
     const auto boxes = MainWindowLayout::Place(12001, 9001, 120, 560).boxes;
     QCOMPARE(boxes[0].width, 5920.5);

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <QTemporaryDir>
+
+#include "app/frm_snipdeck.h"
+#include "fakes/fake_clipboard.h"
+#include "fakes/fake_clipboard_writer.h"
+#include "fakes/fake_file_lookup.h"
+#include "fakes/fake_shell.h"
+#include "fakes/scripted_messages.h"
+
+namespace snipdeck {
+
+/// A desktop of 1920 x 1080 pixels without panels.
+class FakeScreen : public Screen {
+ public:
+  WorkArea Area() const override { return {0, 0, 28800, 16200}; }
+};
+
+/// The main window with everything around it faked, started in a new folder.
+struct MainWindowStage {
+  QTemporaryDir folder;
+  FakeChangeWatch watch;
+  FakeClipboard clipboard;
+  FakeClipboardWriter writer;
+  ScriptedMessages messages;
+  FakeScreen screen;
+  FakeFileLookup files;
+  FakeShell shell;
+  FakeWindowList windows;
+  frmSnipdeck window;
+
+  /// `settings` are the settings of the first start, the lines of the settings file.
+  explicit MainWindowStage(const QByteArray& settings = {})
+      : window({watch, clipboard, writer, messages, screen, files, shell, windows, QStringLiteral("P:\\Own"),
+                folder.path(), Settings(folder, settings)}) {
+    window.Form_Load();
+    window.show();
+  }
+
+  template <typename Widget>
+  Widget* Find(const char* name) {
+    return window.findChild<Widget*>(QString::fromLatin1(name));
+  }
+
+ private:
+  static QString Settings(const QTemporaryDir& folder, const QByteArray& lines) {
+    QFile file(folder.filePath(QStringLiteral("first.ini")));
+    if (file.open(QIODevice::WriteOnly)) file.write(lines);
+    return file.fileName();
+  }
+};
+
+}  // namespace snipdeck
