@@ -12,6 +12,7 @@ RANKS = {
     "platform": 0,
     "richtext": 1,
     "platform/qt": 2,
+    "platform/win32": 2,
     "platform/x11": 2,
     "storage": 2,
     "clipformats": 3,
