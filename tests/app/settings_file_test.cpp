@@ -1,5 +1,9 @@
 #include "app/settings_file.h"
 
+#include <csignal>
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <QFile>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
@@ -184,6 +188,30 @@ class SettingsFileTest : public QObject {
     file.ReadSettings();
     SettingsFile(QString(), settings, messages).ReadSettings();
     QVERIFY(settings == FilledSettings());
+  }
+
+  // SNIPDECK_KILLS says how often.
+  void AWriterThatIsKilledLeavesAWholeFile() {
+    QTemporaryDir folder;
+    ScriptedMessages messages;
+    Settings one = FilledSettings();
+    Settings other;
+    const SettingsFile file(folder.filePath("QM_Snipdeck.ini"), one, messages);
+    const SettingsFile otherFile(folder.filePath("QM_Snipdeck.ini"), other, messages);
+    QVERIFY(file.TryToWrite());
+    const int kills = qEnvironmentVariableIntValue("SNIPDECK_KILLS");
+    for (int kill = 0; kill < (kills > 0 ? kills : 20); ++kill) {
+      const pid_t writer = fork();
+      while (writer == 0) {
+        otherFile.TryToWrite();
+        file.TryToWrite();
+      }
+      QTest::qSleep(1 + static_cast<int>(QRandomGenerator::global()->bounded(15)));
+      ::kill(writer, SIGKILL);
+      waitpid(writer, nullptr, 0);
+      const QByteArray bytes = ReadWholeFile(folder.filePath("QM_Snipdeck.ini")).Value();
+      QVERIFY2(bytes == FormatSettings(one) || bytes == FormatSettings(other), bytes.constData());
+    }
   }
 
   void AFirstStartBeginsWithTheInstalledSettings() {
