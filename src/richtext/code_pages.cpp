@@ -1,11 +1,11 @@
 #include "richtext/code_pages.h"
 
-#include <QHash>
-#include <QStringDecoder>
-
 #include <algorithm>
 #include <array>
 #include <memory>
+
+#include <QHash>
+#include <QStringDecoder>
 
 namespace snipdeck {
 namespace {
@@ -17,6 +17,7 @@ struct CodePageName {
 
 // Names under which ICU knows the code pages; sorted by number. Macintosh Japanese, Chinese and Korean differ from the
 // named encodings in a handful of characters only.
+// clang-format off
 constexpr CodePageName kNames[] = {
     {37, "ibm-37"},          {437, "ibm-437"},        {500, "ibm-500"},
     {708, "ISO-8859-6"},     {720, "ibm-720"},        {737, "ibm-737"},
@@ -44,6 +45,7 @@ constexpr CodePageName kNames[] = {
     {51936, "GB2312"},       {51949, "EUC-KR"},       {54936, "GB18030"},
     {65000, "UTF-7"},        {65001, "UTF-8"},
 };
+// clang-format on
 static_assert(std::is_sorted(std::begin(kNames), std::end(kNames),
                              [](const auto& a, const auto& b) { return a.codePage < b.codePage; }));
 
@@ -53,7 +55,9 @@ const char* NameOf(int codePage) {
   return found != std::end(kNames) && found->codePage == codePage ? found->name : nullptr;
 }
 
-bool IsUtf16(int codePage) { return codePage == 1200 || codePage == 1201; }
+bool IsUtf16(int codePage) {
+  return codePage == 1200 || codePage == 1201;
+}
 
 bool IsAscii(QByteArrayView bytes) {
   return std::all_of(bytes.begin(), bytes.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
@@ -67,11 +71,22 @@ bool IsAsciiSuperset(int codePage) {
 
 bool IsLeadByte(int codePage, unsigned char byte) {
   switch (codePage) {
-    case 932: case 10001: return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC);
-    case 936: case 949: case 950: case 10002: case 10003: case 10008: case 51936: case 51949:
+    case 932:
+    case 10001:
+      return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC);
+    case 936:
+    case 949:
+    case 950:
+    case 10002:
+    case 10003:
+    case 10008:
+    case 51936:
+    case 51949:
       return byte >= 0x81 && byte <= 0xFE;
-    case 1361: return byte >= 0x84 && byte <= 0xF9;
-    default: return false;
+    case 1361:
+      return byte >= 0x84 && byte <= 0xF9;
+    default:
+      return false;
   }
 }
 
@@ -117,36 +132,69 @@ qsizetype IncompleteTail(int codePage, QByteArrayView bytes) {
 
 int CodePageOfCharset(int charset) {
   switch (charset) {
-    case 0: return 1252;
-    case 77: return 10000;
-    case 78: return 10001;
-    case 79: return 10003;
-    case 80: return 10008;
-    case 81: return 10002;
-    case 83: return 1255;
-    case 84: return 1256;
-    case 85: return 10006;
-    case 86: return 10081;
-    case 87: return 10021;
-    case 88: return 10029;
-    case 89: return 10007;
-    case 128: return 932;
-    case 129: return 949;
-    case 130: return 1361;
-    case 134: return 936;
-    case 136: return 950;
-    case 161: return 1253;
-    case 162: return 1254;
-    case 163: return 1258;
-    case 177: case 181: return 1255;
-    case 178: case 179: case 180: return 1256;
-    case 186: return 1257;
-    case 204: return 1251;
-    case 222: return 874;
-    case 238: return 1250;
-    case 254: return 437;
-    case 255: return 850;
-    default: return 0;
+    case 0:
+      return 1252;
+    case 77:
+      return 10000;
+    case 78:
+      return 10001;
+    case 79:
+      return 10003;
+    case 80:
+      return 10008;
+    case 81:
+      return 10002;
+    case 83:
+      return 1255;
+    case 84:
+      return 1256;
+    case 85:
+      return 10006;
+    case 86:
+      return 10081;
+    case 87:
+      return 10021;
+    case 88:
+      return 10029;
+    case 89:
+      return 10007;
+    case 128:
+      return 932;
+    case 129:
+      return 949;
+    case 130:
+      return 1361;
+    case 134:
+      return 936;
+    case 136:
+      return 950;
+    case 161:
+      return 1253;
+    case 162:
+      return 1254;
+    case 163:
+      return 1258;
+    case 177:
+    case 181:
+      return 1255;
+    case 178:
+    case 179:
+    case 180:
+      return 1256;
+    case 186:
+      return 1257;
+    case 204:
+      return 1251;
+    case 222:
+      return 874;
+    case 238:
+      return 1250;
+    case 254:
+      return 437;
+    case 255:
+      return 850;
+    default:
+      return 0;
   }
 }
 

@@ -16,7 +16,8 @@ constexpr std::size_t kMaxRowsPlain = 5000;
 // Deeper tables are written as plain paragraphs: Qt's layout recurses.
 constexpr int kMaxTableDepth = 12;
 
-// A cell's format and that of its first paragraph's mark are one and the same: the former must not be lost to the latter.
+// A cell's format and that of its first paragraph's mark are one and the same: the former must not be lost to the
+// latter.
 void SetCellFormat(QTextTableCell& cell, const QTextTableCellFormat& format) {
   QTextCharFormat both = cell.format();
   both.clearBackground();

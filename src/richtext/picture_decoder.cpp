@@ -1,10 +1,10 @@
 #include "richtext/picture_decoder.h"
 
+#include <optional>
+
 #include <QBuffer>
 #include <QImageReader>
 #include <QtEndian>
-
-#include <optional>
 
 namespace snipdeck {
 namespace {
@@ -12,8 +12,12 @@ namespace {
 constexpr qsizetype kBitmapFileHeader = 14;
 constexpr quint32 kInfoHeader = 40;
 
-quint32 Long(const QByteArray& data, qsizetype at) { return qFromLittleEndian<quint32>(data.constData() + at); }
-quint16 Short(const QByteArray& data, qsizetype at) { return qFromLittleEndian<quint16>(data.constData() + at); }
+quint32 Long(const QByteArray& data, qsizetype at) {
+  return qFromLittleEndian<quint32>(data.constData() + at);
+}
+quint16 Short(const QByteArray& data, qsizetype at) {
+  return qFromLittleEndian<quint16>(data.constData() + at);
+}
 
 QImage ReadImage(const QByteArray& data, const char* format, qint64 maxPixels) {
   QBuffer buffer;
@@ -53,7 +57,8 @@ QImage ReadDib(const QByteArray& dib, qint64 maxPixels) {
 QImage ReadDeviceBitmap(const RtfPictureInfo& info, const QByteArray& data, qint64 maxPixels) {
   const int line = info.bytesPerLine > 0 ? info.bytesPerLine : (info.width * info.bitsPerPixel + 15) / 16 * 2;
   const bool fits = info.width > 0 && info.height > 0 && qint64(info.width) * info.height <= maxPixels &&
-                    qint64(line) * info.height <= data.size() && qint64(info.width) * info.bitsPerPixel <= qint64(line) * 8;
+                    qint64(line) * info.height <= data.size() &&
+                    qint64(info.width) * info.bitsPerPixel <= qint64(line) * 8;
   if (!fits) return {};
   QImage::Format format = QImage::Format_Invalid;
   if (info.bitsPerPixel == 1) format = QImage::Format_Mono;
@@ -64,18 +69,24 @@ QImage ReadDeviceBitmap(const RtfPictureInfo& info, const QByteArray& data, qint
   if (image.isNull()) return {};
   if (format == QImage::Format_Mono) image.setColorTable({qRgb(0, 0, 0), qRgb(255, 255, 255)});
   const qsizetype bytes = std::min<qsizetype>(line, image.bytesPerLine());
-  for (int y = 0; y < info.height; ++y) memcpy(image.scanLine(y), data.constData() + qsizetype(y) * line, size_t(bytes));
+  for (int y = 0; y < info.height; ++y)
+    memcpy(image.scanLine(y), data.constData() + qsizetype(y) * line, size_t(bytes));
   return image;
 }
 
 // Records of a metafile that draw a bitmap, with the offset of the bitmap in their parameters (in words).
 std::optional<qsizetype> BitmapOffset(quint16 record) {
   switch (record) {
-    case 0x0F43: return 11;  // Stretched, with use of the colours
-    case 0x0B41: return 10;  // Stretched
-    case 0x0940: return 8;   // As it is
-    case 0x0D33: return 9;   // To the device
-    default: return std::nullopt;
+    case 0x0F43:
+      return 11;  // Stretched, with use of the colours
+    case 0x0B41:
+      return 10;  // Stretched
+    case 0x0940:
+      return 8;  // As it is
+    case 0x0D33:
+      return 9;  // To the device
+    default:
+      return std::nullopt;
   }
 }
 
@@ -109,10 +120,14 @@ QImage DecodePicture(const RtfPictureInfo& info, const QByteArray& data, qint64 
   if (data.startsWith("\xFF\xD8\xFF")) return ReadImage(data, "jpg", maxPixels);
   if (data.startsWith("GIF8")) return ReadImage(data, "gif", maxPixels);
   switch (info.type) {
-    case Type::Dib: return data.startsWith("BM") ? ReadImage(data, "bmp", maxPixels) : ReadDib(data, maxPixels);
-    case Type::Bitmap: return ReadDeviceBitmap(info, data, maxPixels);
-    case Type::Metafile: return ReadMetafileBitmap(data, maxPixels);
-    default: return {};
+    case Type::Dib:
+      return data.startsWith("BM") ? ReadImage(data, "bmp", maxPixels) : ReadDib(data, maxPixels);
+    case Type::Bitmap:
+      return ReadDeviceBitmap(info, data, maxPixels);
+    case Type::Metafile:
+      return ReadMetafileBitmap(data, maxPixels);
+    default:
+      return {};
   }
 }
 

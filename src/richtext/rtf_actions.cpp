@@ -9,14 +9,18 @@ constexpr int kAutomaticSpace = 280;  // 14 points, as a browser's paragraph.
 constexpr qsizetype kMaxTabs = 100;
 constexpr qsizetype kMaxBorderWords = 400;
 
-int Clamped(int twips) { return std::clamp(twips, -kMaxTwips, kMaxTwips); }
+int Clamped(int twips) {
+  return std::clamp(twips, -kMaxTwips, kMaxTwips);
+}
 
 void AddBorderWords(RtfParser& parser, const QByteArray& words) {
   QByteArray& borders = parser.State().paragraph.borders;
   if (borders.size() < kMaxBorderWords) borders += words;
 }
 
-QByteArray Word(const char* word, int value) { return QByteArray(word) + QByteArray::number(value); }
+QByteArray Word(const char* word, int value) {
+  return QByteArray(word) + QByteArray::number(value);
+}
 
 }  // namespace
 
@@ -38,8 +42,12 @@ void ResetParagraph(RtfParser& parser, int) {
   parser.Rows(1).SelectNoBorder();
 }
 
-void ParagraphStyle(RtfParser& parser, int number) { parser.Styles().ApplyParagraphStyle(number, parser.State()); }
-void CharacterStyle(RtfParser& parser, int number) { parser.Styles().ApplyCharacterStyle(number, parser.State()); }
+void ParagraphStyle(RtfParser& parser, int number) {
+  parser.Styles().ApplyParagraphStyle(number, parser.State());
+}
+void CharacterStyle(RtfParser& parser, int number) {
+  parser.Styles().ApplyCharacterStyle(number, parser.State());
+}
 
 void AssociatedFont(RtfParser& parser, int number) {
   if (parser.State().character.rightToLeft) parser.State().character.associatedFont = std::clamp(number, 0, 1'000'000);
@@ -81,7 +89,9 @@ void TabStop(RtfParser& parser, int twips) {
   }
 }
 
-void BarTab(RtfParser& parser, int) { parser.State().paragraph.pendingTab = RtfTabKind::Left; }
+void BarTab(RtfParser& parser, int) {
+  parser.State().paragraph.pendingTab = RtfTabKind::Left;
+}
 
 void Outline(RtfParser& parser, int level) {
   parser.State().paragraph.outlineLevel = static_cast<std::int8_t>(level >= 0 && level < 9 ? level + 1 : 0);
@@ -126,7 +136,9 @@ void EndNestedRow(RtfParser& parser, int) {
   if (RtfBody* body = parser.Body()) body->EndRow(std::max(2, parser.State().tableLevel));
 }
 
-void NestedRowWords(RtfParser& parser, int) { parser.State().nestedRow = true; }
+void NestedRowWords(RtfParser& parser, int) {
+  parser.State().nestedRow = true;
+}
 
 // The mark in the text comes before the group that says which kind of note it is.
 void NoteNumber(RtfParser& parser, int) {
@@ -139,9 +151,13 @@ void Endnote(RtfParser& parser, int) {
   if (parser.State().insideNote) parser.Notes().BecomeEndnote();
 }
 
-void EndnoteNumbers(RtfParser& parser, int format) { parser.Notes().SetEndnoteFormat(format); }
+void EndnoteNumbers(RtfParser& parser, int format) {
+  parser.Notes().SetEndnoteFormat(format);
+}
 
-void SectionNumber(RtfParser& parser, int) { parser.Emit(QString::number(parser.Page().sectionsEnded + 1)); }
+void SectionNumber(RtfParser& parser, int) {
+  parser.Emit(QString::number(parser.Page().sectionsEnded + 1));
+}
 
 void BorderOfParagraph(RtfParser& parser, int side) {
   static constexpr const char* kSides[] = {"\\brdrt", "\\brdrl", "\\brdrb", "\\brdrr", "\\box", "\\brdrbtw"};
@@ -151,9 +167,11 @@ void BorderOfParagraph(RtfParser& parser, int side) {
 }
 
 void BorderStyle(RtfParser& parser, int qtStyle) {
-  static constexpr const char* kStyles[] = {"\\brdrnone", "\\brdrdot", "\\brdrdash", "\\brdrs", "\\brdrdb", "\\brdrdashd",
-                                            "\\brdrdashdd", "\\brdrengrave", "\\brdremboss", "\\brdrinset", "\\brdroutset"};
-  if (parser.State().border == RtfBorderTarget::Paragraph) return AddBorderWords(parser, kStyles[std::clamp(qtStyle, 0, 10)]);
+  static constexpr const char* kStyles[] = {"\\brdrnone",   "\\brdrdot",   "\\brdrdash",   "\\brdrs",
+                                            "\\brdrdb",     "\\brdrdashd", "\\brdrdashdd", "\\brdrengrave",
+                                            "\\brdremboss", "\\brdrinset", "\\brdroutset"};
+  if (parser.State().border == RtfBorderTarget::Paragraph)
+    return AddBorderWords(parser, kStyles[std::clamp(qtStyle, 0, 10)]);
   if (parser.State().border == RtfBorderTarget::Row) {
     parser.CurrentRows().BorderStyle(static_cast<QTextFrameFormat::BorderStyle>(qtStyle));
   }
@@ -175,12 +193,16 @@ void BorderColour(RtfParser& parser, int index) {
   if (parser.State().border == RtfBorderTarget::Row) parser.CurrentRows().BorderColour(index);
 }
 
-void BorderOfSomethingElse(RtfParser& parser, int) { parser.State().border = RtfBorderTarget::None; }
+void BorderOfSomethingElse(RtfParser& parser, int) {
+  parser.State().border = RtfBorderTarget::None;
+}
 
 void AnsiCodePage(RtfParser& parser, int codePage) {
   if (codePage > 0) parser.SetCodePage(codePage);
 }
 
-void DefaultFont(RtfParser& parser, int number) { parser.Formats().SetDefaultFont(number); }
+void DefaultFont(RtfParser& parser, int number) {
+  parser.Formats().SetDefaultFont(number);
+}
 
 }  // namespace snipdeck::rtf_actions

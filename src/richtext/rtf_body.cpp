@@ -106,7 +106,9 @@ void RtfBody::BreakPage() {
   m_breakBefore = true;
 }
 
-void RtfBody::EndSection() { BreakPage(); }
+void RtfBody::EndSection() {
+  BreakPage();
+}
 
 void RtfBody::EndCell(int level) {
   SetLevel(static_cast<std::size_t>(std::max(level, 1)));
@@ -128,7 +130,9 @@ void RtfBody::EndRow(int level) {
   FinishRow(m_tables.back(), depth);
 }
 
-void RtfBody::AddAfterParagraph(Flow&& flow) { m_after.Append(std::move(flow)); }
+void RtfBody::AddAfterParagraph(Flow&& flow) {
+  m_after.Append(std::move(flow));
+}
 
 void RtfBody::Close() {
   if (HasOpenParagraph() || !m_after.IsEmpty()) EndParagraph();

@@ -1,11 +1,11 @@
 #pragma once
 
+#include <functional>
+#include <vector>
+
 #include "richtext/rtf_destination.h"
 #include "richtext/rtf_state.h"
 #include "richtext/text_flow.h"
-
-#include <functional>
-#include <vector>
 
 namespace snipdeck {
 

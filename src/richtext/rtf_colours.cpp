@@ -1,8 +1,8 @@
 #include "richtext/rtf_colours.h"
 
-#include <QColor>
-
 #include <algorithm>
+
+#include <QColor>
 
 namespace snipdeck {
 namespace {

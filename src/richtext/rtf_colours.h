@@ -1,10 +1,10 @@
 #pragma once
 
-#include "richtext/rtf_destination.h"
+#include <vector>
 
 #include <QRgb>
 
-#include <vector>
+#include "richtext/rtf_destination.h"
 
 namespace snipdeck {
 

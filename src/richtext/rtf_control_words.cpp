@@ -1,11 +1,11 @@
 #include "richtext/rtf_control_words.h"
 
+#include <algorithm>
+#include <limits>
+
 #include "richtext/rtf_actions.h"
 #include "richtext/rtf_openers.h"
 #include "richtext/rtf_parser.h"
-
-#include <algorithm>
-#include <limits>
 
 namespace snipdeck {
 namespace {
@@ -36,7 +36,9 @@ void Group(RtfParser& parser, int value) {
   Assign<Member, Min, Max>(parser.State(), value);
 }
 
-void BeginRow(RtfParser& parser, int) { parser.CurrentRows().Begin(); }
+void BeginRow(RtfParser& parser, int) {
+  parser.CurrentRows().Begin();
+}
 
 template <auto Method>
 void Rows(RtfParser& parser, int value) {
@@ -60,6 +62,7 @@ void SectionPage(RtfParser& parser, int twips) {
 }
 
 // Sorted by word. \clpadt and \clpadl mean each other: their first writer mixed them up, and everyone followed.
+// clang-format off
 constexpr RtfControlWord kWords[] = {
     {"EditEnginePoolDefaults", Kind::Skip, 0, nullptr},
     {"ab", Kind::Toggle, 1, Character<&CharacterState::associatedBold>},
@@ -447,15 +450,19 @@ constexpr RtfControlWord kWords[] = {
     {"zwnbo", Kind::Character, 0x2060, nullptr},
     {"zwnj", Kind::Character, 0x200C, nullptr},
 };
+// clang-format on
 
-constexpr bool Before(const RtfControlWord& a, const RtfControlWord& b) { return a.word < b.word; }
+constexpr bool Before(const RtfControlWord& a, const RtfControlWord& b) {
+  return a.word < b.word;
+}
 static_assert(std::is_sorted(std::begin(kWords), std::end(kWords), Before));
 
 }  // namespace
 
 const RtfControlWord* FindControlWord(std::string_view word) {
-  const auto found = std::lower_bound(std::begin(kWords), std::end(kWords), word,
-                                      [](const RtfControlWord& entry, std::string_view name) { return entry.word < name; });
+  const auto found =
+      std::lower_bound(std::begin(kWords), std::end(kWords), word,
+                       [](const RtfControlWord& entry, std::string_view name) { return entry.word < name; });
   return found != std::end(kWords) && found->word == word ? found : nullptr;
 }
 

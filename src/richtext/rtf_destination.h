@@ -1,9 +1,9 @@
 #pragma once
 
+#include <string_view>
+
 #include <QByteArrayView>
 #include <QString>
-
-#include <string_view>
 
 namespace snipdeck {
 

@@ -25,7 +25,9 @@ QString& RtfFields::Instruction() {
   return m_stray;
 }
 
-int RtfFields::Link() { return m_formats.AddLink(HyperlinkTarget(Instruction())); }
+int RtfFields::Link() {
+  return m_formats.AddLink(HyperlinkTarget(Instruction()));
+}
 
 QString RtfFields::TextWithoutResult() const {
   if (m_instructions.empty()) return {};

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "richtext/rtf_destination.h"
+#include <deque>
 
 #include <QStringList>
 
-#include <deque>
+#include "richtext/rtf_destination.h"
 
 namespace snipdeck {
 
@@ -16,7 +16,9 @@ class RtfFields {
   explicit RtfFields(RtfFormats& formats) : m_formats(formats) {}
 
   void Begin() { m_instructions.emplace_back(); }
-  void End() { if (!m_instructions.empty()) m_instructions.pop_back(); }
+  void End() {
+    if (!m_instructions.empty()) m_instructions.pop_back();
+  }
   /// The instruction of the innermost field, to be added to.
   QString& Instruction();
   /// The link that the innermost field's result carries, as kept in CharacterState; 0 for none.

@@ -15,7 +15,8 @@ RtfSymbolFont SymbolKindOf(const RtfFont& font) {
   const QString& name = font.name;
   if (name == QLatin1String("Symbol")) return RtfSymbolFont::Symbol;
   if (name == QLatin1String("Wingdings")) return RtfSymbolFont::Wingdings;
-  for (const char* known : {"Wingdings", "Webdings", "Marlett", "ZapfDingbats", "Zapf Dingbats", "MT Extra", "Monotype Sorts"}) {
+  for (const char* known :
+       {"Wingdings", "Webdings", "Marlett", "ZapfDingbats", "Zapf Dingbats", "MT Extra", "Monotype Sorts"}) {
     if (name.startsWith(QLatin1String(known))) return RtfSymbolFont::Other;
   }
   return RtfSymbolFont::None;

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "richtext/rtf_destination.h"
-
 #include <QHash>
+
+#include "richtext/rtf_destination.h"
 
 namespace snipdeck {
 
@@ -12,8 +12,8 @@ enum class RtfSymbolFont { None, Symbol, Wingdings, Other };
 struct RtfFont {
   QString name;
   QString alternative;
-  int charset = -1;   ///< -1: not said.
-  int codePage = 0;   ///< From \cpg, or 0.
+  int charset = -1;  ///< -1: not said.
+  int codePage = 0;  ///< From \cpg, or 0.
   RtfSymbolFont symbol = RtfSymbolFont::None;
 };
 

@@ -11,7 +11,9 @@ constexpr int kSingleLine = 240;
 // One step of a list in Qt's documents, 40 pixels.
 constexpr int kListStep = 600;
 
-double Pixels(int twips) { return twips / kTwipsPerPixel; }
+double Pixels(int twips) {
+  return twips / kTwipsPerPixel;
+}
 
 struct UnderlineEntry {
   QTextCharFormat::UnderlineStyle style;
@@ -21,34 +23,56 @@ struct UnderlineEntry {
 UnderlineEntry UnderlineOf(RtfUnderline underline) {
   using Style = QTextCharFormat::UnderlineStyle;
   switch (underline) {
-    case RtfUnderline::None: return {Style::NoUnderline, UnderlineKind::Single};
-    case RtfUnderline::Single: return {Style::SingleUnderline, UnderlineKind::Single};
-    case RtfUnderline::Words: return {Style::SingleUnderline, UnderlineKind::WordsOnly};
-    case RtfUnderline::Double: return {Style::SingleUnderline, UnderlineKind::Double};
-    case RtfUnderline::Dotted: return {Style::DotLine, UnderlineKind::Single};
-    case RtfUnderline::Dash: return {Style::DashUnderline, UnderlineKind::Single};
-    case RtfUnderline::DashDot: return {Style::DashDotLine, UnderlineKind::Single};
-    case RtfUnderline::DashDotDot: return {Style::DashDotDotLine, UnderlineKind::Single};
-    case RtfUnderline::Wave: return {Style::WaveUnderline, UnderlineKind::Single};
-    case RtfUnderline::Thick: return {Style::SingleUnderline, UnderlineKind::Thick};
-    case RtfUnderline::ThickDotted: return {Style::DotLine, UnderlineKind::ThickDotted};
-    case RtfUnderline::ThickDash: return {Style::DashUnderline, UnderlineKind::ThickDash};
-    case RtfUnderline::ThickDashDot: return {Style::DashDotLine, UnderlineKind::ThickDashDot};
-    case RtfUnderline::ThickDashDotDot: return {Style::DashDotDotLine, UnderlineKind::ThickDashDotDot};
-    case RtfUnderline::LongDash: return {Style::DashUnderline, UnderlineKind::LongDash};
-    case RtfUnderline::ThickLongDash: return {Style::DashUnderline, UnderlineKind::ThickLongDash};
-    case RtfUnderline::HeavyWave: return {Style::WaveUnderline, UnderlineKind::HeavyWave};
-    case RtfUnderline::DoubleWave: return {Style::WaveUnderline, UnderlineKind::DoubleWave};
+    case RtfUnderline::None:
+      return {Style::NoUnderline, UnderlineKind::Single};
+    case RtfUnderline::Single:
+      return {Style::SingleUnderline, UnderlineKind::Single};
+    case RtfUnderline::Words:
+      return {Style::SingleUnderline, UnderlineKind::WordsOnly};
+    case RtfUnderline::Double:
+      return {Style::SingleUnderline, UnderlineKind::Double};
+    case RtfUnderline::Dotted:
+      return {Style::DotLine, UnderlineKind::Single};
+    case RtfUnderline::Dash:
+      return {Style::DashUnderline, UnderlineKind::Single};
+    case RtfUnderline::DashDot:
+      return {Style::DashDotLine, UnderlineKind::Single};
+    case RtfUnderline::DashDotDot:
+      return {Style::DashDotDotLine, UnderlineKind::Single};
+    case RtfUnderline::Wave:
+      return {Style::WaveUnderline, UnderlineKind::Single};
+    case RtfUnderline::Thick:
+      return {Style::SingleUnderline, UnderlineKind::Thick};
+    case RtfUnderline::ThickDotted:
+      return {Style::DotLine, UnderlineKind::ThickDotted};
+    case RtfUnderline::ThickDash:
+      return {Style::DashUnderline, UnderlineKind::ThickDash};
+    case RtfUnderline::ThickDashDot:
+      return {Style::DashDotLine, UnderlineKind::ThickDashDot};
+    case RtfUnderline::ThickDashDotDot:
+      return {Style::DashDotDotLine, UnderlineKind::ThickDashDotDot};
+    case RtfUnderline::LongDash:
+      return {Style::DashUnderline, UnderlineKind::LongDash};
+    case RtfUnderline::ThickLongDash:
+      return {Style::DashUnderline, UnderlineKind::ThickLongDash};
+    case RtfUnderline::HeavyWave:
+      return {Style::WaveUnderline, UnderlineKind::HeavyWave};
+    case RtfUnderline::DoubleWave:
+      return {Style::WaveUnderline, UnderlineKind::DoubleWave};
   }
   return {Style::NoUnderline, UnderlineKind::Single};
 }
 
 QTextOption::TabType TabTypeOf(RtfTabKind kind) {
   switch (kind) {
-    case RtfTabKind::Right: return QTextOption::RightTab;
-    case RtfTabKind::Centre: return QTextOption::CenterTab;
-    case RtfTabKind::Decimal: return QTextOption::DelimiterTab;
-    case RtfTabKind::Left: break;
+    case RtfTabKind::Right:
+      return QTextOption::RightTab;
+    case RtfTabKind::Centre:
+      return QTextOption::CenterTab;
+    case RtfTabKind::Decimal:
+      return QTextOption::DelimiterTab;
+    case RtfTabKind::Left:
+      break;
   }
   return QTextOption::LeftTab;
 }
@@ -56,10 +80,14 @@ QTextOption::TabType TabTypeOf(RtfTabKind kind) {
 // Left and right are meant as they are seen, whichever way the paragraph runs.
 void SetAlignment(QTextBlockFormat& format, const ParagraphState& state) {
   switch (state.alignment) {
-    case RtfAlignment::Natural: return;
-    case RtfAlignment::Centre: return format.setAlignment(Qt::AlignHCenter);
-    case RtfAlignment::Justified: return format.setAlignment(Qt::AlignJustify);
-    case RtfAlignment::Right: return format.setAlignment(Qt::AlignRight | Qt::AlignAbsolute);
+    case RtfAlignment::Natural:
+      return;
+    case RtfAlignment::Centre:
+      return format.setAlignment(Qt::AlignHCenter);
+    case RtfAlignment::Justified:
+      return format.setAlignment(Qt::AlignJustify);
+    case RtfAlignment::Right:
+      return format.setAlignment(Qt::AlignRight | Qt::AlignAbsolute);
     case RtfAlignment::Left:
       if (state.rightToLeft) format.setAlignment(Qt::AlignLeft | Qt::AlignAbsolute);
   }

@@ -1,22 +1,22 @@
 #pragma once
 
+#include <unordered_map>
+
+#include <QStringList>
+
 #include "richtext/rtf_colours.h"
 #include "richtext/rtf_fonts.h"
 #include "richtext/rtf_state.h"
 #include "richtext/text_flow.h"
 
-#include <QStringList>
-
-#include <unordered_map>
-
 namespace snipdeck {
 
 /// How a paragraph belongs to a list.
 struct RtfListItem {
-  int list = -1;      ///< Index of the list in FlowFormats; -1 none.
+  int list = -1;  ///< Index of the list in FlowFormats; -1 none.
   int level = 0;
-  QString label;      ///< Only where Qt's list cannot show it.
-  int textIndent = 0; ///< Twips from the margin to the text.
+  QString label;       ///< Only where Qt's list cannot show it.
+  int textIndent = 0;  ///< Twips from the margin to the text.
 };
 
 /// Turns the states of the reader into Qt's formats, each state once.
@@ -41,7 +41,9 @@ class RtfFormats {
  private:
   struct Hash {
     template <typename State>
-    std::size_t operator()(const State& state) const { return HashOf(state); }
+    std::size_t operator()(const State& state) const {
+      return HashOf(state);
+    }
   };
   QTextCharFormat MakeCharacter(const CharacterState& state) const;
   void SetFont(QTextCharFormat& format, const CharacterState& state) const;

@@ -8,15 +8,22 @@ namespace {
 // The word stands in the head of the stream, before its tables.
 constexpr qsizetype kHeadBytes = 1000;
 
-bool IsLineEnd(std::string_view word) { return word == "par" || word == "line"; }
+bool IsLineEnd(std::string_view word) {
+  return word == "par" || word == "line";
+}
 
 QStringView EntityOf(QChar c) {
   switch (c.unicode()) {
-    case u'<': return u"&lt;";
-    case u'>': return u"&gt;";
-    case u'&': return u"&amp;";
-    case 0x00A0: return u"&nbsp;";
-    default: return {};
+    case u'<':
+      return u"&lt;";
+    case u'>':
+      return u"&gt;";
+    case u'&':
+      return u"&amp;";
+    case 0x00A0:
+      return u"&nbsp;";
+    default:
+      return {};
   }
 }
 
@@ -79,7 +86,8 @@ bool WrapsHtml(QByteArrayView rtf) {
 }
 
 QByteArray UnwrapHtml(QByteArrayView rtf) {
-  RtfParser parser(rtf, [](Flow&&) {}, ReadFor::Box);
+  RtfParser parser(
+      rtf, [](Flow&&) {}, ReadFor::Box);
   Wrapped wrapped(parser);
   parser.RunInto(wrapped);
   return wrapped.Html();

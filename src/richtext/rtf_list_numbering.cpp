@@ -15,9 +15,11 @@ constexpr int kOldListIndent = 360;
 constexpr int kMaxRoman = 4000;
 
 QString Roman(int number) {
-  static constexpr struct { int value; const char* letters; } kParts[] = {
-      {1000, "m"}, {900, "cm"}, {500, "d"}, {400, "cd"}, {100, "c"}, {90, "xc"}, {50, "l"},
-      {40, "xl"},  {10, "x"},   {9, "ix"},  {5, "v"},    {4, "iv"},  {1, "i"}};
+  static constexpr struct {
+    int value;
+    const char* letters;
+  } kParts[] = {{1000, "m"}, {900, "cm"}, {500, "d"}, {400, "cd"}, {100, "c"}, {90, "xc"}, {50, "l"},
+                {40, "xl"},  {10, "x"},   {9, "ix"},  {5, "v"},    {4, "iv"},  {1, "i"}};
   QString roman;
   for (const auto& part : kParts) {
     for (; number >= part.value; number -= part.value) roman += QLatin1String(part.letters);
@@ -33,12 +35,18 @@ QString Letters(int number) {
 
 QTextListFormat::Style StyleOf(int format, const QString& bullet) {
   switch (format) {
-    case 1: return QTextListFormat::ListUpperRoman;
-    case 2: return QTextListFormat::ListLowerRoman;
-    case 3: return QTextListFormat::ListUpperAlpha;
-    case 4: return QTextListFormat::ListLowerAlpha;
-    case kNumberBullet: break;
-    default: return QTextListFormat::ListDecimal;
+    case 1:
+      return QTextListFormat::ListUpperRoman;
+    case 2:
+      return QTextListFormat::ListLowerRoman;
+    case 3:
+      return QTextListFormat::ListUpperAlpha;
+    case 4:
+      return QTextListFormat::ListLowerAlpha;
+    case kNumberBullet:
+      break;
+    default:
+      return QTextListFormat::ListDecimal;
   }
   const char16_t c = bullet.isEmpty() ? u'\u2022' : bullet.at(0).unicode();
   if (c == u'o' || c == 0x25CB || c == 0x25E6 || c == 0xF06F) return QTextListFormat::ListCircle;
@@ -47,12 +55,15 @@ QTextListFormat::Style StyleOf(int format, const QString& bullet) {
 }
 
 bool IsUsualBullet(const QString& text) {
-  static const QString kUsual = QStringLiteral("\u2022\u00B7\u25CF\u25CB\u25E6\u25AA\u25A0o\uF0B7\uF0A7\uF06F\uF06C\uF06E");
+  static const QString kUsual =
+      QStringLiteral("\u2022\u00B7\u25CF\u25CB\u25E6\u25AA\u25A0o\uF0B7\uF0A7\uF06F\uF06C\uF06E");
   return text.isEmpty() || (text.size() == 1 && kUsual.contains(text));
 }
 
 // Formats that Qt's lists number by themselves.
-bool QtCounts(int format) { return format >= 0 && format <= 4; }
+bool QtCounts(int format) {
+  return format >= 0 && format <= 4;
+}
 
 }  // namespace
 

@@ -1,9 +1,9 @@
 #pragma once
 
+#include <array>
+
 #include "richtext/rtf_formats.h"
 #include "richtext/rtf_list_table.h"
-
-#include <array>
 
 namespace snipdeck {
 
@@ -12,8 +12,8 @@ class RtfListNumbering {
  public:
   RtfListNumbering(const RtfListTable& lists, RtfFormats& formats) : m_lists(lists), m_formats(formats) {}
 
-  /// `shown` is the label that the stream wrote out for readers without lists. The item has no list when the stream does
-  /// not define the paragraph's; the label is text then.
+  /// `shown` is the label that the stream wrote out for readers without lists. The item has no list when the stream
+  /// does not define the paragraph's; the label is text then.
   RtfListItem Item(const ParagraphState& paragraph, const QString& shown);
 
  private:
@@ -32,7 +32,7 @@ class RtfListNumbering {
     int start = 1;
     QString prefix;
     QString suffix;
-    QString whole;       ///< The whole label when it is more than one number with text around it.
+    QString whole;  ///< The whole label when it is more than one number with text around it.
   };
   RtfListItem FromTable(const ParagraphState& paragraph, const RtfList& list, const QString& shown);
   RtfListItem FromOldNumbering(const ParagraphState& paragraph);

@@ -49,12 +49,18 @@ bool RtfListTable::LevelWord(std::string_view word, int value) {
       ++m_list.levelCount;
     }
   } else if (RtfListLevel* level = CurrentLevel()) {
-    if (word == "levelnfc" || word == "levelnfcn") level->format = std::clamp(value, 0, kNumberNone);
-    else if (word == "levelstartat") level->start = std::clamp(value, 0, kMaxStart);
-    else if (word == "li") level->leftIndent = std::clamp(value, -31680, 31680);
-    else if (word == "fi") level->firstLine = std::clamp(value, -31680, 31680);
-    else return false;
-    if (word == "levelstartat" && m_inOverride) m_override.starts[static_cast<std::size_t>(m_overrideLevel)] = level->start;
+    if (word == "levelnfc" || word == "levelnfcn")
+      level->format = std::clamp(value, 0, kNumberNone);
+    else if (word == "levelstartat")
+      level->start = std::clamp(value, 0, kMaxStart);
+    else if (word == "li")
+      level->leftIndent = std::clamp(value, -31680, 31680);
+    else if (word == "fi")
+      level->firstLine = std::clamp(value, -31680, 31680);
+    else
+      return false;
+    if (word == "levelstartat" && m_inOverride)
+      m_override.starts[static_cast<std::size_t>(m_overrideLevel)] = level->start;
   } else {
     return false;
   }

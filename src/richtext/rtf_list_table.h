@@ -1,10 +1,10 @@
 #pragma once
 
-#include "richtext/rtf_destination.h"
+#include <array>
 
 #include <QHash>
 
-#include <array>
+#include "richtext/rtf_destination.h"
 
 namespace snipdeck {
 
@@ -16,9 +16,9 @@ inline constexpr int kNumberNone = 255;
 struct RtfListLevel {
   int format = 0;
   int start = 1;
-  int leftIndent = 0;   ///< Twips
-  int firstLine = 0;    ///< Twips
-  QString text;         ///< As in the stream: its length, then characters, of which 0 to 8 stand for the levels' numbers.
+  int leftIndent = 0;  ///< Twips
+  int firstLine = 0;   ///< Twips
+  QString text;  ///< As in the stream: its length, then characters, of which 0 to 8 stand for the levels' numbers.
 };
 
 struct RtfList {

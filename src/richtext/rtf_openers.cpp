@@ -67,14 +67,18 @@ void AppendText(QString& target, const Flow& flow) {
 
 void Transparent(RtfParser&, int) {}
 
-void FontTable(RtfParser& parser, int) { parser.OpenShared(parser.Fonts()); }
+void FontTable(RtfParser& parser, int) {
+  parser.OpenShared(parser.Fonts());
+}
 
 void AlternativeFont(RtfParser& parser, int) {
   if (parser.State().destination == &parser.Fonts()) return CollectInto(parser, parser.Fonts().Alternative());
   parser.Skip();
 }
 
-void ColourTable(RtfParser& parser, int) { parser.OpenShared(parser.Colours()); }
+void ColourTable(RtfParser& parser, int) {
+  parser.OpenShared(parser.Colours());
+}
 
 void StyleSheet(RtfParser& parser, int) {
   parser.OpenShared(parser.Styles());
@@ -82,7 +86,9 @@ void StyleSheet(RtfParser& parser, int) {
   parser.State().paragraph = {};
 }
 
-void ListTable(RtfParser& parser, int) { parser.OpenShared(parser.Lists()); }
+void ListTable(RtfParser& parser, int) {
+  parser.OpenShared(parser.Lists());
+}
 
 void LevelText(RtfParser& parser, int) {
   if (parser.State().destination == &parser.Lists()) return CollectInto(parser, parser.Lists().LevelText());
@@ -106,7 +112,9 @@ void Field(RtfParser& parser, int) {
   parser.Open(std::make_unique<FieldGroup>(parser));
 }
 
-void FieldInstruction(RtfParser& parser, int) { CollectInto(parser, parser.Fields().Instruction()); }
+void FieldInstruction(RtfParser& parser, int) {
+  CollectInto(parser, parser.Fields().Instruction());
+}
 
 void FieldResult(RtfParser& parser, int) {
   GroupState& state = parser.State();
@@ -124,7 +132,8 @@ void Footnote(RtfParser& parser, int) {
   parser.Notes().BeginNote();
   parser.State().insideNote = true;
   parser.State().inTable = false;
-  parser.OpenBody(std::make_unique<RtfBody>(parser, [&parser](Flow&& flow) { parser.Notes().AddNote(std::move(flow)); }));
+  parser.OpenBody(
+      std::make_unique<RtfBody>(parser, [&parser](Flow&& flow) { parser.Notes().AddNote(std::move(flow)); }));
 }
 
 void Header(RtfParser& parser, int isFooter) {

@@ -1,9 +1,9 @@
 #include "richtext/rtf_page.h"
 
-#include "richtext/format_properties.h"
-
 #include <QTextDocument>
 #include <QTextFrame>
+
+#include "richtext/format_properties.h"
 
 namespace snipdeck {
 

@@ -55,16 +55,21 @@ void RtfParser::Dispatch(const RtfToken& token) {
   const bool optional = m_optional;
   m_optional = false;
   switch (token.kind) {
-    case Kind::GroupStart: return StartGroup();
-    case Kind::GroupEnd: return EndGroup();
+    case Kind::GroupStart:
+      return StartGroup();
+    case Kind::GroupEnd:
+      return EndGroup();
     case Kind::Word:
       m_optional = optional;
       ReadWord(token);
       m_optional = false;
       return;
-    case Kind::Symbol: return ReadSymbol(token.value);
-    case Kind::Binary: return m_state.destination->Binary(token.bytes);
-    default: return;
+    case Kind::Symbol:
+      return ReadSymbol(token.value);
+    case Kind::Binary:
+      return m_state.destination->Binary(token.bytes);
+    default:
+      return;
   }
 }
 
@@ -154,28 +159,45 @@ void RtfParser::ReadWord(const RtfToken& token) {
 void RtfParser::ReadKnownWord(const RtfControlWord& entry, const RtfToken& token) {
   using Kind = RtfControlWord::Kind;
   switch (entry.kind) {
-    case Kind::Flag: return entry.handler(*this, entry.argument);
-    case Kind::Toggle: return entry.handler(*this, token.hasValue && token.value == 0 ? 0 : entry.argument);
-    case Kind::Value: return entry.handler(*this, token.hasValue ? token.value : entry.argument);
-    case Kind::Character: return EmitCharacter(entry.argument);
-    case Kind::Destination: return entry.handler(*this, entry.argument);
-    case Kind::Skip: return Skip();
+    case Kind::Flag:
+      return entry.handler(*this, entry.argument);
+    case Kind::Toggle:
+      return entry.handler(*this, token.hasValue && token.value == 0 ? 0 : entry.argument);
+    case Kind::Value:
+      return entry.handler(*this, token.hasValue ? token.value : entry.argument);
+    case Kind::Character:
+      return EmitCharacter(entry.argument);
+    case Kind::Destination:
+      return entry.handler(*this, entry.argument);
+    case Kind::Skip:
+      return Skip();
   }
 }
 
 void RtfParser::ReadSymbol(int symbol) {
   switch (symbol) {
-    case '*': m_optional = true; return;
-    case '~': return EmitCharacter(0x00A0);
-    case '-': return EmitCharacter(0x00AD);
-    case '_': return EmitCharacter(0x2011);
-    case '\r': case '\n': return rtf_actions::EndParagraph(*this, 0);
-    case '\t': return EmitCharacter('\t');
-    case '\\': case '{': case '}': {
+    case '*':
+      m_optional = true;
+      return;
+    case '~':
+      return EmitCharacter(0x00A0);
+    case '-':
+      return EmitCharacter(0x00AD);
+    case '_':
+      return EmitCharacter(0x2011);
+    case '\r':
+    case '\n':
+      return rtf_actions::EndParagraph(*this, 0);
+    case '\t':
+      return EmitCharacter('\t');
+    case '\\':
+    case '{':
+    case '}': {
       const char c = static_cast<char>(symbol);
       return ReadBytes(QByteArrayView(&c, 1));
     }
-    default: return;
+    default:
+      return;
   }
 }
 

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <deque>
+#include <memory>
+#include <vector>
+
 #include "richtext/rich_text.h"
 #include "richtext/rtf_body.h"
 #include "richtext/rtf_colours.h"
@@ -16,10 +20,6 @@
 #include "richtext/rtf_styles.h"
 #include "richtext/rtf_tokenizer.h"
 #include "richtext/rtf_warnings.h"
-
-#include <deque>
-#include <memory>
-#include <vector>
 
 namespace snipdeck {
 
@@ -111,11 +111,11 @@ class RtfParser {
   };
   std::vector<OpenDestination> m_open;
   RtfBody m_body;
-  QByteArray m_bytes;       ///< Characters that wait to be decoded together.
+  QByteArray m_bytes;  ///< Characters that wait to be decoded together.
   int m_bytesCodePage = 0;
   QString m_shownLabel;
   int m_codePage = 1252;
-  int m_fallback = 0;       ///< Characters to pass over after \u.
+  int m_fallback = 0;  ///< Characters to pass over after \u.
   std::size_t m_excessDepth = 0;
   bool m_optional = false;  ///< \* stood before the next word.
   ReadFor m_purpose;

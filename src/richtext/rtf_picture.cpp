@@ -1,10 +1,10 @@
 #include "richtext/rtf_picture.h"
 
+#include <QCryptographicHash>
+
 #include "platform/units.h"
 #include "richtext/picture_decoder.h"
 #include "richtext/rtf_parser.h"
-
-#include <QCryptographicHash>
 
 namespace snipdeck {
 namespace {
@@ -28,27 +28,43 @@ QImage Placeholder() {
 
 bool SetSize(RtfPictureInfo& info, std::string_view word, int value) {
   const int size = std::clamp(value, 0, 1'000'000);
-  if (word == "picw") info.width = size;
-  else if (word == "pich") info.height = size;
-  else if (word == "picwgoal") info.goalWidth = size;
-  else if (word == "pichgoal") info.goalHeight = size;
-  else if (word == "picscalex") info.scaleX = std::clamp(value, 1, 10000);
-  else if (word == "picscaley") info.scaleY = std::clamp(value, 1, 10000);
-  else if (word == "wbmbitspixel") info.bitsPerPixel = std::clamp(value, 1, 32);
-  else if (word == "wbmwidthbytes") info.bytesPerLine = std::clamp(value, 0, 1'000'000);
-  else return false;
+  if (word == "picw")
+    info.width = size;
+  else if (word == "pich")
+    info.height = size;
+  else if (word == "picwgoal")
+    info.goalWidth = size;
+  else if (word == "pichgoal")
+    info.goalHeight = size;
+  else if (word == "picscalex")
+    info.scaleX = std::clamp(value, 1, 10000);
+  else if (word == "picscaley")
+    info.scaleY = std::clamp(value, 1, 10000);
+  else if (word == "wbmbitspixel")
+    info.bitsPerPixel = std::clamp(value, 1, 32);
+  else if (word == "wbmwidthbytes")
+    info.bytesPerLine = std::clamp(value, 0, 1'000'000);
+  else
+    return false;
   return true;
 }
 
 bool SetType(RtfPictureInfo& info, std::string_view word) {
   using Type = RtfPictureInfo::Type;
-  if (word == "pngblip") info.type = Type::Png;
-  else if (word == "jpegblip") info.type = Type::Jpeg;
-  else if (word == "dibitmap") info.type = Type::Dib;
-  else if (word == "wbitmap") info.type = Type::Bitmap;
-  else if (word == "wmetafile" || word == "emfblip" || word == "pmmetafile") info.type = Type::Metafile;
-  else if (word == "macpict") info.type = Type::MacPicture;
-  else return false;
+  if (word == "pngblip")
+    info.type = Type::Png;
+  else if (word == "jpegblip")
+    info.type = Type::Jpeg;
+  else if (word == "dibitmap")
+    info.type = Type::Dib;
+  else if (word == "wbitmap")
+    info.type = Type::Bitmap;
+  else if (word == "wmetafile" || word == "emfblip" || word == "pmmetafile")
+    info.type = Type::Metafile;
+  else if (word == "macpict")
+    info.type = Type::MacPicture;
+  else
+    return false;
   return true;
 }
 
@@ -109,7 +125,9 @@ void RtfPicture::Binary(QByteArrayView bytes) {
   if (m_data.size() + bytes.size() <= kMaxPictureBytes) m_data.append(bytes);
 }
 
-bool RtfPicture::Word(std::string_view word, int value, bool) { return SetSize(m_info, word, value) || SetType(m_info, word); }
+bool RtfPicture::Word(std::string_view word, int value, bool) {
+  return SetSize(m_info, word, value) || SetType(m_info, word);
+}
 
 void RtfPicture::Close() {
   RtfBody* body = m_parser.State().body;

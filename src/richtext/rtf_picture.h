@@ -1,13 +1,13 @@
 #pragma once
 
-#include "richtext/rtf_destination.h"
-#include "richtext/rtf_warnings.h"
+#include <vector>
 
 #include <QByteArray>
 #include <QImage>
 #include <QTextFormat>
 
-#include <vector>
+#include "richtext/rtf_destination.h"
+#include "richtext/rtf_warnings.h"
 
 namespace snipdeck {
 
@@ -17,13 +17,13 @@ class RtfParser;
 struct RtfPictureInfo {
   enum class Type { Unknown, Png, Jpeg, Dib, Bitmap, Metafile, MacPicture };
   Type type = Type::Unknown;
-  int width = 0;        ///< \picw: pixels of a bitmap, hundredths of a millimetre of a metafile.
+  int width = 0;  ///< \picw: pixels of a bitmap, hundredths of a millimetre of a metafile.
   int height = 0;
   int goalWidth = 0;
   int goalHeight = 0;
-  int scaleX = 100;     ///< Percent
+  int scaleX = 100;  ///< Percent
   int scaleY = 100;
-  int bitsPerPixel = 1;     ///< Of a device-dependent bitmap.
+  int bitsPerPixel = 1;  ///< Of a device-dependent bitmap.
   int bytesPerLine = 0;
 
   /// The size on the page in pixels, from `natural` (pixels) where the stream does not say; at least one by one.

@@ -1,14 +1,14 @@
 #include "richtext/rtf_reader.h"
 
+#include <QTextDocument>
+#include <QTextFrame>
+#include <QUrl>
+
 #include "richtext/document_builder.h"
 #include "richtext/format_properties.h"
 #include "richtext/html_reader.h"
 #include "richtext/rtf_html.h"
 #include "richtext/rtf_parser.h"
-
-#include <QTextDocument>
-#include <QTextFrame>
-#include <QUrl>
 
 namespace snipdeck {
 namespace {
@@ -33,7 +33,8 @@ void StoreHeaders(RtfNotes& notes, QTextDocument& document) {
 
 QStringList ReadAsText(QByteArrayView rtf, QTextDocument& document, ReadFor purpose) {
   DocumentBuilder* builder = nullptr;
-  RtfParser parser(rtf, [&builder](Flow&& flow) { builder->Append(flow); }, purpose);
+  RtfParser parser(
+      rtf, [&builder](Flow&& flow) { builder->Append(flow); }, purpose);
   {
     DocumentBuilder building(document, parser.Formats().Formats());
     builder = &building;

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "richtext/rich_text.h"
-
 #include <QByteArrayView>
 #include <QStringList>
+
+#include "richtext/rich_text.h"
 
 class QTextDocument;
 

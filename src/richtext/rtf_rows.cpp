@@ -42,7 +42,8 @@ void RtfRows::CellEdge(int twips) {
 bool RtfRows::BorderStyle(QTextFrameFormat::BorderStyle style) {
   if (!m_border) return false;
   m_border->style = style;
-  m_border->width = style == QTextFrameFormat::BorderStyle_None ? 0 : std::max<std::int16_t>(m_border->width, kThinnestBorder);
+  m_border->width =
+      style == QTextFrameFormat::BorderStyle_None ? 0 : std::max<std::int16_t>(m_border->width, kThinnestBorder);
   return true;
 }
 

@@ -27,13 +27,19 @@ class RtfRows {
   void ShadeForeground(int colour) { m_shadeForeground = colour; }
   void ShadePercent(int hundredths) { m_shadePercent = hundredths; }
   template <CellSide Side>
-  void Padding(int twips) { m_cell.padding[Side] = twips; }
+  void Padding(int twips) {
+    m_cell.padding[Side] = twips;
+  }
 
   /// Which border the border words that follow describe: one of the cell's or, with `ofRow`, of all cells of the row.
   template <CellSide Side>
-  void SelectCellBorder(int) { m_border = &m_cell.borders[Side]; }
+  void SelectCellBorder(int) {
+    m_border = &m_cell.borders[Side];
+  }
   template <CellSide Side>
-  void SelectRowBorder(int) { m_border = &m_rowBorders[Side]; }
+  void SelectRowBorder(int) {
+    m_border = &m_rowBorders[Side];
+  }
   void SelectInnerHorizontal(int) { m_border = &m_inner[0]; }
   void SelectInnerVertical(int) { m_border = &m_inner[1]; }
   /// Words that describe the border selected last; false when none is.

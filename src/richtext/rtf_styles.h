@@ -1,9 +1,9 @@
 #pragma once
 
+#include <QHash>
+
 #include "richtext/rtf_destination.h"
 #include "richtext/rtf_state.h"
-
-#include <QHash>
 
 namespace snipdeck {
 

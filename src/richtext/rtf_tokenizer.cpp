@@ -17,8 +17,12 @@ constexpr std::array<bool, 256> MakeSpecialBytes() {
 }
 constexpr std::array<bool, 256> kSpecial = MakeSpecialBytes();
 
-bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+bool IsLetter(char c) {
+  return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z');
+}
+bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
 
 int HexDigit(char c) {
   if (IsDigit(c)) return c - '0';
@@ -36,11 +40,26 @@ bool RtfTokenizer::Next(RtfToken& token) {
       continue;
     }
     switch (c) {
-      case '{': ++m_at; token.kind = RtfToken::Kind::GroupStart; return true;
-      case '}': ++m_at; token.kind = RtfToken::Kind::GroupEnd; return true;
-      case '\t': ++m_at; token.kind = RtfToken::Kind::Symbol; token.value = '\t'; return true;
-      case '\\': ++m_at; ReadControl(token); return true;
-      default: ReadText(token); return true;
+      case '{':
+        ++m_at;
+        token.kind = RtfToken::Kind::GroupStart;
+        return true;
+      case '}':
+        ++m_at;
+        token.kind = RtfToken::Kind::GroupEnd;
+        return true;
+      case '\t':
+        ++m_at;
+        token.kind = RtfToken::Kind::Symbol;
+        token.value = '\t';
+        return true;
+      case '\\':
+        ++m_at;
+        ReadControl(token);
+        return true;
+      default:
+        ReadText(token);
+        return true;
     }
   }
   return false;
@@ -125,8 +144,8 @@ void RtfTokenizer::ReadBinary(RtfToken& token) {
 
 bool RtfTokenizer::LooksComplete() const {
   qsizetype last = m_rtf.size();
-  while (last > m_at && (m_rtf[last - 1] == '\r' || m_rtf[last - 1] == '\n' || m_rtf[last - 1] == '\0' ||
-                         m_rtf[last - 1] == ' ')) {
+  while (last > m_at &&
+         (m_rtf[last - 1] == '\r' || m_rtf[last - 1] == '\n' || m_rtf[last - 1] == '\0' || m_rtf[last - 1] == ' ')) {
     --last;
   }
   return last > m_at && m_rtf[last - 1] == '}';

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <QByteArrayView>
-
 #include <algorithm>
 #include <string_view>
+
+#include <QByteArrayView>
 
 namespace snipdeck {
 
@@ -25,8 +25,8 @@ struct RtfToken {
   bool hasValue = false;
 };
 
-/// Splits RTF into tokens. It knows no document: what it returns is what the bytes say, with every number clamped to the
-/// range of int, and it never fails: broken escapes are passed over, and after any byte it finds its way again.
+/// Splits RTF into tokens. It knows no document: what it returns is what the bytes say, with every number clamped to
+/// the range of int, and it never fails: broken escapes are passed over, and after any byte it finds its way again.
 class RtfTokenizer {
  public:
   explicit RtfTokenizer(QByteArrayView rtf) : m_rtf(rtf) {}

@@ -1,13 +1,13 @@
 #include "richtext/table_grid.h"
 
-#include "platform/units.h"
-
 #include <algorithm>
+
+#include "platform/units.h"
 
 namespace snipdeck {
 namespace {
 
-constexpr int kSameEdge = 20;        // Twips: edges that a writer rounded differently.
+constexpr int kSameEdge = 20;  // Twips: edges that a writer rounded differently.
 constexpr std::size_t kMaxEdges = 129;
 
 bool SameEdges(const RowLayout& a, const RowLayout& b) {
@@ -25,7 +25,9 @@ bool GoesOnFromAbove(const RowFlow& row) {
   return std::any_of(cells.begin(), cells.end(), [](const CellLayout& cell) { return cell.joinsAbove; });
 }
 
-double Pixels(int twips) { return twips / kTwipsPerPixel; }
+double Pixels(int twips) {
+  return twips / kTwipsPerPixel;
+}
 
 }  // namespace
 

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "richtext/text_flow.h"
-
 #include <vector>
+
+#include "richtext/text_flow.h"
 
 namespace snipdeck {
 
-/// The regular grid that rows with cells of any width make: every left or right edge is a column boundary, and a cell that
-/// reaches over several columns or rows is one cell with spans.
+/// The regular grid that rows with cells of any width make: every left or right edge is a column boundary, and a cell
+/// that reaches over several columns or rows is one cell with spans.
 class TableGrid {
  public:
   struct Cell {
@@ -31,7 +31,8 @@ class TableGrid {
   static QTextTableCellFormat CellFormat(const Cell& cell);
   /// Whether rows from `begin` on (looking at no more than `limit`) differ in their edges or have merged cells.
   static bool NeedsMerging(const TableFlow& table, std::size_t begin, std::size_t limit);
-  /// Where a piece of no more than about `limit` rows ends; never inside cells that are merged downwards, if it can be helped.
+  /// Where a piece of no more than about `limit` rows ends; never inside cells that are merged downwards, if it can be
+  /// helped.
   static std::size_t ChunkEnd(const TableFlow& table, std::size_t begin, std::size_t limit);
 
  private:

@@ -1,20 +1,20 @@
 #pragma once
 
-#include <QColor>
-#include <QString>
-#include <QTextFormat>
-
 #include <array>
 #include <cstdint>
 #include <memory>
 #include <vector>
 
+#include <QColor>
+#include <QString>
+#include <QTextFormat>
+
 namespace snipdeck {
 
 struct TableFlow;
 
-/// A piece of text on its way into a document: characters, and what is to be done with them in order. Formats are indexes
-/// into the FlowFormats that the builder gets. Lengths count UTF-16 units.
+/// A piece of text on its way into a document: characters, and what is to be done with them in order. Formats are
+/// indexes into the FlowFormats that the builder gets. Lengths count UTF-16 units.
 struct FlowItem {
   enum class Kind : std::uint8_t {
     Run,           ///< The next `length` characters, in character format `format`.
@@ -53,12 +53,12 @@ enum CellSide { kCellTop, kCellLeft, kCellBottom, kCellRight, kCellSides };
 
 /// What a row says about one of its cells. Distances are in twips.
 struct CellLayout {
-  int right = 0;          ///< Distance of the right edge from the margin.
-  QRgb background = 0;    ///< Transparent when there is none.
+  int right = 0;        ///< Distance of the right edge from the margin.
+  QRgb background = 0;  ///< Transparent when there is none.
   std::array<CellBorder, kCellSides> borders;
   std::array<int, kCellSides> padding{};
-  bool joinsLeft = false;  ///< Merged with the cell on its left.
-  bool joinsAbove = false; ///< Merged with the cell above it.
+  bool joinsLeft = false;   ///< Merged with the cell on its left.
+  bool joinsAbove = false;  ///< Merged with the cell above it.
   QTextCharFormat::VerticalAlignment alignment = QTextCharFormat::AlignTop;
 };
 

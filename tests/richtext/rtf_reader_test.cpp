@@ -1,5 +1,8 @@
-// Golden pairs: tests/data/rtf/<feature>.rtf is read, and what it shows must be <feature>.expected. On a difference the new
-// description is written to <feature>.new in the working directory; once it is known to be right, it takes the old one's place.
+// Golden pairs: tests/data/rtf/<feature>.rtf is read, and what it shows must be <feature>.expected. On a difference the
+// new description is written to <feature>.new in the working directory; once it is known to be right, it takes the old
+// one's place.
+
+#include "richtext/rtf_reader.h"
 
 #include <ctime>
 
@@ -10,7 +13,6 @@
 
 #include "richtext/document_compare.h"
 #include "richtext/format_properties.h"
-#include "richtext/rtf_reader.h"
 #include "richtext/rtf_tokenizer.h"
 #include "richtext/safe_document.h"
 
@@ -97,7 +99,8 @@ void RtfReaderTest::CutAnywhere() {
 
 void RtfReaderTest::CutProseShowsItsBeginning() {
   const QByteArray whole =
-      "{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}{\\colortbl;\\red1\\green2\\blue3;}\\pard One {\\b two} thr\\'e9e\\par {\\i four} five\\par}";
+      "{\\rtf1\\ansi{\\fonttbl{\\f0 Arial;}}{\\colortbl;\\red1\\green2\\blue3;}\\pard One {\\b two} thr\\'e9e\\par "
+      "{\\i four} five\\par}";
   const QString all = TextOf(whole);
   QCOMPARE(all, QStringLiteral("One two thr\u00E9e\nfour five"));
   qsizetype longest = 0;
@@ -152,7 +155,8 @@ void RtfReaderTest::TimeGrowsLinearly_data() {
   QTest::newRow("control words") << QByteArray("\\b\\i0");
   QTest::newRow("list items") << QByteArray("{\\*\\pn\\pnlvlblt}x\\par");
   QTest::newRow("rows") << QByteArray("\\trowd\\cellx900\\cellx1800\\intbl a\\cell b\\cell\\row");
-  QTest::newRow("rows that differ") << QByteArray("\\trowd\\cellx900\\intbl a\\cell\\row\\trowd\\cellx700\\cellx900 b\\cell c\\cell\\row");
+  QTest::newRow("rows that differ") << QByteArray(
+      "\\trowd\\cellx900\\intbl a\\cell\\row\\trowd\\cellx700\\cellx900 b\\cell c\\cell\\row");
 }
 
 // Ten times the input may take no more than thirty times the processor time: a square would take a hundred times.
