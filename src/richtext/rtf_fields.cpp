@@ -29,11 +29,13 @@ int RtfFields::Link() {
   return m_formats.AddLink(HyperlinkTarget(Instruction()));
 }
 
-QString RtfFields::TextWithoutResult() const {
+QString RtfFields::TextWithoutResult(const QString& section) const {
   if (m_instructions.empty()) return {};
   const QStringList words = SplitFieldInstruction(m_instructions.back());
-  if (words.size() < 2) return {};
+  if (words.isEmpty()) return {};
   const QString name = words.first().toUpper();
+  if (name == QLatin1String("SECTION")) return section;
+  if (words.size() < 2) return {};
   if (name == QLatin1String("SYMBOL")) return SymbolOf(words);
   const bool button = name == QLatin1String("MACROBUTTON") || name == QLatin1String("GOTOBUTTON");
   return button ? words.mid(2).join(u' ') : QString();

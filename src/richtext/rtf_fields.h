@@ -23,8 +23,8 @@ class RtfFields {
   QString& Instruction();
   /// The link that the innermost field's result carries, as kept in CharacterState; 0 for none.
   int Link();
-  /// What the innermost field shows when it has no result: a symbol, or the face of a button.
-  QString TextWithoutResult() const;
+  /// What the innermost field shows when it has no result: a symbol, the face of a button, or the section's number.
+  QString TextWithoutResult(const QString& section) const;
 
  private:
   RtfFormats& m_formats;

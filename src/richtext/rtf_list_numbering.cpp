@@ -95,10 +95,21 @@ RtfListItem RtfListNumbering::FromTable(const ParagraphState& paragraph, const R
   counters.started[at] = true;
   for (std::size_t deeper = at + 1; deeper < kListLevels; ++deeper) counters.started[deeper] = false;
   const Label label = LabelOf(list, level, counters);
-  RtfListItem item = Join(run, label, run.next, level, list.id);
+  const int number = run.next;
+  RtfListItem item = Join(run, label, number, level, list.id);
+  TakeShownLabel(item, label, number, shown.trimmed());
   const bool unsaid = paragraph.leftIndent == 0 && paragraph.firstLine == 0;
   item.textIndent = std::max(unsaid ? layout.leftIndent : paragraph.leftIndent, kLeastTextIndent);
   return item;
+}
+
+// What was shown where the text was copied counts more than what the tables yield: a copy of the third item begins
+// with 3.
+void RtfListNumbering::TakeShownLabel(RtfListItem& item, const Label& label, int number, const QString& shown) const {
+  if (shown.isEmpty() || label.format == kNumberBullet) return;
+  const QString counted =
+      label.whole.isEmpty() ? label.prefix + FormatListNumber(number, label.format) + label.suffix : label.whole;
+  if (counted.trimmed() != shown) item.label = shown;
 }
 
 RtfListNumbering::Label RtfListNumbering::LabelOf(const RtfList& list, int level, const Counters& counters) const {

@@ -35,6 +35,7 @@ class RtfListNumbering {
     QString whole;  ///< The whole label when it is more than one number with text around it.
   };
   RtfListItem FromTable(const ParagraphState& paragraph, const RtfList& list, const QString& shown);
+  void TakeShownLabel(RtfListItem& item, const Label& label, int number, const QString& shown) const;
   RtfListItem FromOldNumbering(const ParagraphState& paragraph);
   Label LabelOf(const RtfList& list, int level, const Counters& counters) const;
   RtfListItem Join(Run& run, const Label& label, int number, int level, int id);

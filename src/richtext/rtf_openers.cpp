@@ -22,7 +22,8 @@ class FieldGroup : public RtfDestination {
  private:
   // Some fields have no result because they show a part of their instruction.
   void ShowInstruction() {
-    const QString shown = m_parser.Fields().TextWithoutResult();
+    const QString section = QString::number(m_parser.Page().sectionsEnded + 1);
+    const QString shown = m_parser.Fields().TextWithoutResult(section);
     m_parser.State().destination = m_parser.State().outer;
     if (m_parser.Body()) m_parser.Emit(shown);
   }
