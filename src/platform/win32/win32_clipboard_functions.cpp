@@ -1,9 +1,6 @@
 #include "platform/win32/win32_clipboard_functions.h"
 
 #include <vector>
-
-#define WIN32_LEAN_AND_MEAN
-#include <shellapi.h>
 #include <windows.h>
 
 namespace snipdeck {
