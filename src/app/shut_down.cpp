@@ -37,7 +37,8 @@ bool ShutDown::QueryUnload() {
   if (m_hasEnded || !goesOn) return m_hasEnded;
   TakePlacement();
   m_parts.settingsFile.WriteSettings();
-  m_parts.recovery.Forget();
+  // What could not be written comes back at the next start.
+  if (!m_saveFailed) m_parts.recovery.Forget();
   Finish();
   return true;
 }
@@ -79,7 +80,7 @@ bool ShutDown::AskAboutBoxes() {
   m_parts.boxes.ShowAllBoxes();
   const MessageAnswer answer = m_parts.messages.Show(
       Question(QStringLiteral("Text boxes have been altered by user.\t\r\n\r\nSave before exiting QM Snipdeck ?\r\n")));
-  if (answer == MessageAnswer::Yes) m_parts.storage.SaveAll();
+  if (answer == MessageAnswer::Yes) m_saveFailed = !m_parts.storage.SaveAll();
   return answer != MessageAnswer::Cancel;
 }
 

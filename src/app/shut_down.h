@@ -34,6 +34,8 @@ class ShutDown {
   MainWindowParts m_parts;
   bool m_isAsking = false;
   bool m_hasEnded = false;
+  /// The boxes that the user wanted to save could not all be written.
+  bool m_saveFailed = false;
 };
 
 }  // namespace snipdeck

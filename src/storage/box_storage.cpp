@@ -10,8 +10,9 @@ namespace snipdeck {
 BoxStorage::BoxStorage(StoredBoxes& boxes, MessageBox& messages, const QString& storageFolder)
     : m_boxes(boxes), m_messages(messages), m_reports(messages), m_storageFolder(storageFolder) {}
 
-void BoxStorage::SaveAll() {
-  if (!m_boxes.AreShown()) return;
+bool BoxStorage::SaveAll() {
+  if (!m_boxes.AreShown()) return false;
+  bool allSaved = true;
   {
     const BusyPointer busy;
     const auto paths = BuildBoxFilePaths(m_storageFolder);
@@ -19,10 +20,12 @@ void BoxStorage::SaveAll() {
       const QString& path = paths[static_cast<size_t>(n)];
       const Outcome saved = SaveBoxFile(m_boxes.Contents(n), path);
       if (!saved) m_reports.ShowFileError(path, saved.Error().text);
+      allSaved = allSaved && saved;
     }
     m_boxes.SetAltered(false);
   }
   m_messages.ShowInformation(QStringLiteral("Text boxes saved to disk in this folder:\r\n\r\n") + m_storageFolder);
+  return allSaved;
 }
 
 void BoxStorage::RestoreBoxes() {

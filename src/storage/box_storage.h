@@ -31,8 +31,8 @@ class BoxStorage {
   BoxStorage(StoredBoxes& boxes, MessageBox& messages, const QString& storageFolder);
 
   /// "Save all text boxes": writes every box, empty ones too. A box that cannot be written is reported, and the others
-  /// are written all the same.
-  void SaveAll();
+  /// are written all the same. False when a box could not be written, or none was since a panel covers the boxes.
+  bool SaveAll();
   /// Gives every box back what a capture last filed into it; boxes without such a text stay as they are.
   void RestoreBoxes();
 

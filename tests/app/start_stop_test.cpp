@@ -154,6 +154,25 @@ class StartStopTest : public QObject {
     QVERIFY(other.HasSettings() && !QFile::exists(other.folder + "/QM_Snipdeck_Text_02.rtf"));
   }
 
+  void WhatCouldNotBeSavedComesBack() {
+    Fixture f;
+    f.Start();
+    f.boxes.Box(3).SetText("typed");
+    f.recovery.Flush();
+    f.boxes.BoxesAltered = true;
+    const QString path = f.folder + "/QM_Snipdeck_Text_03.rtf";
+    QVERIFY(QDir(f.folder).mkdir("QM_Snipdeck_Text_03.rtf"));
+    f.messages.Expect(kSaveQuestion, MessageAnswer::Yes);
+    f.messages.Expect({.text = "Cannot save this file :\r\n\r\n" + path +
+                               "\r\n\r\nThe error was probably triggered for the following reason : \r\n\r\n\"" +
+                               BoxStorage::SaveBoxFile({}, path).Error().text + "\"\r\n",
+                       .icon = MessageIcon::Critical},
+                      MessageAnswer::Ok);
+    f.messages.Expect("Text boxes saved to disk in this folder:\r\n\r\n" + f.folder);
+    QVERIFY(f.stop.QueryUnload());
+    QVERIFY(QFile::exists(f.folder + "/recovery"));
+  }
+
   void TheCumulativeTextGoesToTheClipboard() {
     Fixture f;
     f.Start(CumulativeMode());

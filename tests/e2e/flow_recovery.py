@@ -13,7 +13,7 @@ import time
 from gi.repository import GLib
 from harness.conditions import wait_equal
 from harness.lives import LivesTest
-from harness.owners import copy, empty_clipboard
+from harness.owners import Owner, copy, empty_clipboard
 from harness.program import BOX_COUNT, press
 
 KILLS = int(os.environ.get("SNIPDECK_KILLS", "5"))
@@ -61,6 +61,15 @@ class Recovery(LivesTest):
         self.assertEqual([path.read_bytes() for path in self.damaged_files()], [damaged])
         self.end(program)
         self.assertEqual(len(self.damaged_files()), 1)
+
+    def test_a_secret_is_not_kept(self):
+        program = self.start()
+        with Owner("x-kde-passwordManagerHint:secret", "UTF8_STRING:my password"):
+            copy("after")
+            wait_equal("text box 1", "after", lambda: program.box(1).text())
+        data = self.recovery_path.read_bytes()
+        self.assertIn(b"after", data)
+        self.assertNotIn(b"password", data)
 
     def test_killed_at_random_moments(self):
         chance = random.Random(SEED)

@@ -40,6 +40,11 @@ class LivesTest(unittest.TestCase):
         self._running.append(program)
         return program
 
+    def environment(self):
+        """That of a program whose only folder is the home folder."""
+        kept = {name: value for name, value in os.environ.items() if not name.startswith("XDG_")}
+        return kept | {"HOME": self.home.name, "XDG_RUNTIME_DIR": os.environ["XDG_RUNTIME_DIR"]}
+
     def crash(self, program):
         """Kills the program as a crash would: it gets no chance to do anything."""
         self._running.remove(program)
@@ -58,9 +63,7 @@ class LivesTest(unittest.TestCase):
 
     def start_another(self):
         """A further start; returns its exit status and what it wrote."""
-        environment = dict(os.environ, HOME=self.home.name)
-        environment = {name: value for name, value in environment.items() if not name.startswith("XDG_")}
-        done = subprocess.run([BINARY], env=environment, capture_output=True, text=True, timeout=10)
+        done = subprocess.run([BINARY], env=self.environment(), capture_output=True, text=True, timeout=10)
         return done.returncode, done.stdout + done.stderr
 
     def write_settings(self, **lines):
