@@ -2,7 +2,6 @@
 
 #include <QFont>
 
-#include "richtext/format_properties.h"
 #include "richtext/format_values.h"
 
 namespace snipdeck {
@@ -58,7 +57,6 @@ void Decoration(QString& css, const QTextCharFormat& format) {
   }
   if (format.verticalAlignment() == QTextCharFormat::AlignSuperScript) Declare(css, "vertical-align", "super");
   if (format.verticalAlignment() == QTextCharFormat::AlignSubScript) Declare(css, "vertical-align", "sub");
-  if (format.boolProperty(kHiddenText)) Declare(css, "display", "none");
 }
 
 }  // namespace

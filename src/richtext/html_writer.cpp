@@ -6,6 +6,7 @@
 #include <QTextTable>
 
 #include "richtext/document_walker.h"
+#include "richtext/format_properties.h"
 #include "richtext/format_values.h"
 #include "richtext/html_styles.h"
 #include "richtext/pictures.h"
@@ -34,9 +35,13 @@ QString ListTag(const QTextList& list) {
   }
 }
 
-/// HTML shows one blank for many unless it is told otherwise.
+/// HTML shows one blank for many, and takes wide and narrow blanks for plain ones, unless it is told otherwise.
 bool NeedsBlanksKept(const QString& text) {
-  return text.startsWith(u' ') || text.endsWith(u' ') || text.contains(QLatin1String("  ")) || text.contains(u'\t');
+  const auto isSpecial = [](QChar character) {
+    return character.isSpace() && character != u' ' && character != QChar::Nbsp && character != QChar::LineSeparator;
+  };
+  return text.startsWith(u' ') || text.endsWith(u' ') || text.contains(QLatin1String("  ")) ||
+         std::any_of(text.begin(), text.end(), isSpecial);
 }
 
 class HtmlVisitor : public DocumentVisitor {
@@ -64,8 +69,8 @@ class HtmlVisitor : public DocumentVisitor {
   }
 
   void EndBlock(const QTextBlock&, bool last) override {
-    // The empty paragraph that Qt keeps behind a table at the very end.
-    const bool isOnlyEnd = last && m_empty && m_afterTable;
+    // The empty paragraph that Qt keeps behind a table at the very end, and the one of an empty text.
+    const bool isOnlyEnd = last && m_empty && (m_afterTable || m_blockBegin == 0);
     m_afterTable = false;
     if (isOnlyEnd) return m_html.truncate(m_blockBegin);
     CloseLink();
@@ -74,6 +79,7 @@ class HtmlVisitor : public DocumentVisitor {
   }
 
   void Run(QStringView text, const QTextCharFormat& format, int index) override {
+    if (format.boolProperty(kHiddenText)) return;
     EnterLink(format.anchorHref());
     const QString& css = CssOf(format, index);
     if (!css.isEmpty()) m_html += QLatin1String("<span style=\"") + css + QLatin1String("\">");

@@ -21,7 +21,7 @@ class RoundTripTest : public QObject {
   void RandomDocuments();
   void Files_data();
   void Files();
-  void HtmlKeepsTheText_data() { Files_data(); }
+  void HtmlKeepsTheText_data();
   void HtmlKeepsTheText();
 };
 
@@ -73,6 +73,17 @@ void RoundTripTest::Files() {
   const RichText second = RichText::FromRtf(first.Rtf(), ReadFor::Document);
   const QString difference = test::FirstDifference(first.Document(), second.Document());
   QVERIFY2(difference.isEmpty(), qPrintable(difference));
+}
+
+void RoundTripTest::HtmlKeepsTheText_data() {
+  QTest::addColumn<QString>("path");
+  // Hostile files are for the readers: what they leave of tables, HTML cannot tell.
+  QDirIterator files(QStringLiteral(SNIPDECK_TEST_DATA), {"*.rtf"}, QDir::Files, QDirIterator::Subdirectories);
+  while (files.hasNext()) {
+    const QString path = files.next();
+    const bool isHostile = path.contains(QLatin1String("/pass/")) || path.contains(QLatin1String("/fail/"));
+    if (!isHostile) QTest::newRow(qPrintable(QFileInfo(path).fileName())) << path;
+  }
 }
 
 void RoundTripTest::HtmlKeepsTheText() {
