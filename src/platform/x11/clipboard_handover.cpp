@@ -1,9 +1,9 @@
 #include "platform/x11/clipboard_handover.h"
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QMimeData>
 
+#include "platform/x11/event_pause.h"
 #include "platform/x11/holder_process.h"
 
 namespace snipdeck {
@@ -22,7 +22,7 @@ bool HandleEventsUntil(Condition condition, int milliseconds) {
   elapsed.start();
   while (!condition()) {
     if (elapsed.elapsed() >= milliseconds) return false;
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents, kPollMs);
+    HandleEventsFor(kPollMs);
   }
   return true;
 }
@@ -71,7 +71,9 @@ Outcome ClipboardHandover::GiveToHolder(XConnection& connection, int millisecond
   elapsed.start();
   const QMimeData* data = OwnMimeData();
   if (!data) return Done{};
-  const Outcome started = HoldInProcess(m_holderProgram, AllOf(*data), connection.SelectionOwner(), milliseconds);
+  const OfferedData offers = AllOf(*data);
+  const int left = milliseconds - static_cast<int>(elapsed.elapsed());
+  const Outcome started = HoldInProcess(m_holderProgram, offers, connection.SelectionOwner(), left);
   if (!started) return started;
   // While Qt takes itself for the owner it would try the manager again when it ends, and wait far longer.
   HandleEventsUntil([] { return !OwnsClipboard(); }, milliseconds - static_cast<int>(elapsed.elapsed()));

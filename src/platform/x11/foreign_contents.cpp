@@ -41,6 +41,8 @@ Result<QByteArray> ForeignContents::Read(const QByteArray& target) {
 void ForeignContents::TakeAway() {
   if (!m_connection.IsValid()) return;
   xcb_set_selection_owner(m_connection.Raw(), XCB_WINDOW_NONE, m_connection.Atom("CLIPBOARD"), XCB_CURRENT_TIME);
+  // The answer says that it is done.
+  m_connection.SelectionOwner();
   m_connection.Flush();
 }
 

@@ -80,7 +80,7 @@ std::string PayloadOf(const OfferedData& data, xcb_window_t owner) {
 }  // namespace
 
 Outcome HoldInProcess(const QString& program, const OfferedData& data, xcb_window_t owner, int milliseconds) {
-  const QDeadlineTimer deadline(milliseconds);
+  const QDeadlineTimer deadline(std::max(milliseconds, 0));
   const auto failure = [](const char* why) { return Failure{Failure::Kind::Other, QString::fromLatin1(why)}; };
   int ends[2];
   if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0) return failure("no socket");

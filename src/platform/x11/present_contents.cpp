@@ -7,6 +7,7 @@
 #include <QGuiApplication>
 #include <QMimeData>
 
+#include "platform/x11/event_pause.h"
 #include "platform/x11/target_content.h"
 
 namespace snipdeck {
@@ -16,6 +17,8 @@ namespace {
 constexpr qint64 kMergeMs = 1000;
 constexpr qint64 kMergeBytes = qint64{256} << 20;
 constexpr std::size_t kMergeTargets = 256;
+constexpr int kClaims = 5;
+constexpr int kClaimPauseMs = 20;
 
 bool IsOneOf(const QByteArray& name, std::span<const char* const> names) {
   return std::any_of(names.begin(), names.end(), [&](const char* other) { return name == other; });
@@ -80,10 +83,11 @@ OfferedData PresentContents::ReadAll() {
 }
 
 Outcome PresentContents::Replace(const OfferedData& offers) {
-  if (Own(offers)) return Done{};
-  // Qt's claim was older than the present owner's, as far as Qt knew the time; the events that wait here bring it.
-  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-  if (Own(offers)) return Done{};
+  for (int attempt = 0; attempt < kClaims; ++attempt) {
+    if (Own(offers)) return Done{};
+    // Qt's claim was older than the last change, as far as Qt knew the time; the events on their way bring it.
+    HandleEventsFor(kClaimPauseMs);
+  }
   return Failure{Failure::Kind::Refused, QStringLiteral("another program keeps the clipboard")};
 }
 

@@ -240,7 +240,7 @@ class X11ClipboardTest : public QObject {
     QVERIFY(f.access.EmptyClipboard());
     QTRY_VERIFY(!f.access.HasFormat(kFormatText));
     QCOMPARE(f.contents.Owner(), xcb_window_t{0});
-    f.access.PutRichText({{}, {}, "ours"});
+    QVERIFY(f.access.PutRichText({{}, {}, "ours"}));
     f.clipboard.ClipboardOpen(kWindow);
     f.clipboard.ClearClipboard();
     f.clipboard.ClipboardClose();
