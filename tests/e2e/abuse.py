@@ -31,7 +31,7 @@ OWNERS = {
     "thousands of strange targets": [TEXT, "--strange", "3000", *REPEATED, "1000"],
     "a format of its own": ["application/x-of-its-own:x", *REPEATED, "50"],
     "secret": [TEXT, "x-kde-passwordManagerHint:secret", *REPEATED, "100"],
-    "a megabyte": [TEXT, "--size", "1000000", *REPEATED, "1000"],
+    "long texts": [TEXT, "--size", "100000", *REPEATED, "1000"],
     "random bytes": ["text/rtf={random}", "text/html={random}", *REPEATED, "500"],
     "braces without end": ["text/rtf={braces}", *REPEATED, "1000"],
 }
@@ -55,6 +55,7 @@ class Abuse:
         self.lost = 0
 
     def bout(self, name):
+        print(f"{time.strftime('%H:%M:%S')} {name}", flush=True)
         arguments = [argument.format(**self.files) if argument.startswith("text/") and "=" in argument else argument
                      for argument in OWNERS[name]]
         with Owner(*arguments):
