@@ -49,6 +49,17 @@ class MainWindowLayoutPassTest : public QObject {
     QVERIFY(!stage.Find<SidebarGrid>("iGridListBar")->isVisible());
   }
 
+  void TextIsPlacedForItsNewWidth() {
+    MainWindowStage stage;
+    RichTextControl& box = stage.window.Boxes().Box(7);
+    box.SetText(QStringLiteral("many words in one paragraph ").repeated(200));
+    for (const QSize size : {QSize(1200, 700), QSize(600, 700), QSize(900, 700)}) {
+      Resize(stage, size);
+      QTRY_COMPARE(qRound(box.document()->textWidth()), box.viewport()->width());
+      QVERIFY(box.document()->size().width() <= box.viewport()->width() + 1);
+    }
+  }
+
   void WindowIsNeverSmallerThanItMayBe() {
     MainWindowStage stage;
     stage.window.resize(100, 100);

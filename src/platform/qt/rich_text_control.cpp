@@ -371,6 +371,23 @@ void RichTextControl::hideEvent(QHideEvent* event) {
   if (!allPlaced) document()->setPageSize(QSizeF(0, 0));
 }
 
+// Placing the lines of twelve texts anew takes far longer than moving twelve controls. It waits until all of them have
+// their places, and several resizes in a row cost it once.
+void RichTextControl::resizeEvent(QResizeEvent* event) {
+  if (m_isPlacing || !isVisible() || document()->isEmpty()) return QTextEdit::resizeEvent(event);
+  if (m_placedFor) return;
+  m_placedFor = event->oldSize();
+  QMetaObject::invokeMethod(this, &RichTextControl::PlaceAnew, Qt::QueuedConnection);
+}
+
+void RichTextControl::PlaceAnew() {
+  QResizeEvent resized(viewport()->size(), *m_placedFor);
+  m_placedFor.reset();
+  m_isPlacing = true;
+  QTextEdit::resizeEvent(&resized);
+  m_isPlacing = false;
+}
+
 void RichTextControl::showEvent(QShowEvent* event) {
   if (document()->pageSize().isNull()) document()->setTextWidth(viewport()->width());
   QTextEdit::showEvent(event);

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 
 #include <QPointer>
 #include <QTextEdit>
@@ -112,17 +113,22 @@ class RichTextControl : public QTextEdit {
   void mousePressEvent(QMouseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void hideEvent(QHideEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
   QMimeData* createMimeDataFromSelection() const override;
   bool canInsertFromMimeData(const QMimeData* source) const override;
   void insertFromMimeData(const QMimeData* source) override;
 
  private:
+  void PlaceAnew();
   void ApplyPalette();
   int LastPosition() const;
   void PlaceCaret(const QTextCursor& cursor, bool inView);
   bool SelectionHas(bool (*attribute)(const QTextCharFormat&)) const;
 
+  /// What the lines are placed for, while they wait to be placed for another size.
+  std::optional<QSize> m_placedFor;
+  bool m_isPlacing = false;
   int m_viewMode = 0;
   int m_pageDisplayOption = 0;
   std::array<int, 16> m_controlOptions{};
