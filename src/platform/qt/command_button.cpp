@@ -24,6 +24,8 @@ CommandButton::CommandButton(const QString& icon, const QString& toolTip, QWidge
   setToolTip(toolTip);
   setAccessibleName(toolTip);
   setAutoDefault(false);
+  // A click leaves the keyboard, and what is selected, in the text.
+  setFocusPolicy(Qt::TabFocus);
 }
 
 void CommandButton::paintEvent(QPaintEvent*) {
