@@ -14,6 +14,7 @@
 
 #include "platform/qt/button_bar.h"
 #include "platform/qt/layout_pause.h"
+#include "platform/qt/endless_word.h"
 #include "platform/qt/rich_text_mime.h"
 #include "platform/qt/ruler.h"
 #include "platform/qt/status_bar.h"
@@ -99,10 +100,21 @@ void RichTextControl::SetText(const QString& text) {
   const bool wasHuge = content->characterCount() > kHugeText;
   content->setUndoRedoEnabled(false);
   content->clear();
+  setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+  BreakEndlessWords(text);
   content->setPlainText(text);
   if (wasHuge) ReturnFreeMemory();
   content->setUndoRedoEnabled(true);
   setTextCursor(QTextCursor(content));
+}
+
+// Until the control is emptied; one such word makes every placing of its lines slow.
+void RichTextControl::BreakEndlessWords(const QString& text) {
+  if (HasEndlessWord(text)) setWordWrapMode(QTextOption::WrapAnywhere);
+}
+
+void RichTextControl::BreakEndlessWords(const RichText& text) {
+  if (text.Document().characterCount() > kEndlessWord) BreakEndlessWords(text.PlainText());
 }
 
 int RichTextControl::LastPosition() const {
@@ -147,6 +159,7 @@ QString RichTextControl::SelText() const {
 }
 
 void RichTextControl::SetSelText(const QString& text) {
+  BreakEndlessWords(text);
   QTextCursor cursor = textCursor();
   cursor.insertText(text);
   PlaceCaret(cursor, hasFocus());
@@ -170,12 +183,14 @@ RichText RichTextControl::SelRichText() const {
 void RichTextControl::SetSelRichText(const RichText& text) {
   const bool inView = hasFocus() && !document()->isEmpty();
   const LayoutPause pause(*this, !inView && text.Document().characterCount() > kLongText);
+  BreakEndlessWords(text);
   QTextCursor cursor = textCursor();
   text.InsertAt(cursor);
   PlaceCaret(cursor, inView);
 }
 
 void RichTextControl::AppendText(const QString& text) {
+  BreakEndlessWords(text);
   QTextCursor cursor(document());
   cursor.movePosition(QTextCursor::End);
   cursor.insertText(text, QTextCharFormat());
@@ -183,6 +198,7 @@ void RichTextControl::AppendText(const QString& text) {
 }
 
 void RichTextControl::AppendRichText(const RichText& text) {
+  BreakEndlessWords(text);
   QTextCursor cursor(document());
   cursor.movePosition(QTextCursor::End);
   text.InsertAt(cursor);

@@ -122,6 +122,8 @@ class RichTextControl : public QTextEdit {
  private:
   void PlaceAnew();
   void ApplyPalette();
+  void BreakEndlessWords(const QString& text);
+  void BreakEndlessWords(const RichText& text);
   int LastPosition() const;
   void PlaceCaret(const QTextCursor& cursor, bool inView);
   bool SelectionHas(bool (*attribute)(const QTextCharFormat&)) const;

@@ -1,5 +1,7 @@
 #include "platform/qt/rich_text_control.h"
 
+#include "platform/qt/endless_word.h"
+
 #include <QClipboard>
 #include <QLineEdit>
 #include <QMimeData>
@@ -41,6 +43,25 @@ class RichTextControlTest : public QObject {
   Q_OBJECT
 
  private slots:
+  void EndlessWordsAreBrokenAnywhere() {
+    const QString data(kEndlessWord, u'x');
+    QVERIFY(HasEndlessWord(data));
+    QVERIFY(HasEndlessWord("in a " + data));
+    QVERIFY(HasEndlessWord(QString("word ").repeated(3000) + data + " and more"));
+    QVERIFY(!HasEndlessWord(data.left(kEndlessWord - 1) + ' ' + data.left(kEndlessWord - 1)));
+    QVERIFY(!HasEndlessWord(QString(20000, QChar(0x4E00))));
+
+    RichTextControl control;
+    const auto ordinary = control.wordWrapMode();
+    control.SetText("ordinary");
+    control.AppendText("\n" + data);
+    QCOMPARE(control.wordWrapMode(), QTextOption::WrapAnywhere);
+    control.SetText("ordinary");
+    QCOMPARE(control.wordWrapMode(), ordinary);
+    control.SetSelRichText(RichText::FromPlainText(data));
+    QCOMPARE(control.wordWrapMode(), QTextOption::WrapAnywhere);
+  }
+
   void SelectionsAreClampedToTheText() {
     RichTextControl control;
     control.SetText("one\ntwo\nthree");
