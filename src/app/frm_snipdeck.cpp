@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QLabel>
+#include <QPixmapCache>
 #include <QMenuBar>
 #include <QResizeEvent>
 
@@ -15,6 +16,9 @@
 namespace snipdeck {
 
 namespace {
+
+// In kB. Styles keep a picture for every length that a scroll bar has had, and the boxes' bars change with each copy.
+constexpr int kPictureCache = 1024;
 
 constexpr TwipRect kFormatsLabelPlace{8880, 210, 735, 195};
 constexpr TwipRect kFormatLabelPlace{9720, 180, 1695, 255};
@@ -42,6 +46,7 @@ frmSnipdeck::frmSnipdeck(const MainWindowServices& services)
       m_startUp(Parts(), services.folder, services.firstSettings),
       m_shutDown(Parts()) {
   setObjectName("frmSnipdeck");
+  QPixmapCache::setCacheLimit(kPictureCache);
   setWindowTitle(QString::fromLatin1(kProgramTitle));
   setCentralWidget(m_client);
   BuildMenus(*this, *menuBar());

@@ -109,6 +109,10 @@ bool CaptureStage::RunUntil(const std::function<bool()>& isDone, int millisecond
   return done;
 }
 
+void CaptureStage::Settle() {
+  RunUntil([] { return false; }, 4'000);
+}
+
 CaptureStage::Run CaptureStage::RunCopies(int count, int interval, Owner owner) {
   m_captures.clear();
   m_captures.reserve(static_cast<size_t>(count));

@@ -65,6 +65,8 @@ class CaptureStage {
   };
   enum class Owner { One, NewProcessEach };
 
+  /// Lets pass what follows an edit: its lines are placed, and the recovery file takes it.
+  void Settle();
   /// Another program makes `count` copies of 1 kB, numbered from 1, `interval` ms apart.
   /// Returns when the last has arrived, or 5 s after it should have.
   Run RunCopies(int count, int interval, Owner owner);
