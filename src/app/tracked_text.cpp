@@ -4,6 +4,8 @@
 #include <QTextDocument>
 #include <QTextFrame>
 
+#include "richtext/rtf_writer.h"
+
 namespace snipdeck {
 
 namespace {
@@ -24,6 +26,11 @@ bool IsPlainRun(const QTextDocument& document, int begin, int end) {
     if (child->firstPosition() <= end && child->lastPosition() >= begin) return false;
   }
   return !from.currentTable() || from.currentTable()->cellAt(begin) == to.currentTable()->cellAt(end);
+}
+
+/// The writer walks to its range from the start of the document; a copy goes there at once, but a long one costs more.
+QByteArray RtfOf(const QTextDocument& document, int begin, int end) {
+  return end - begin > kShortText ? WriteRtf(document, begin, end) : RichText::FromDocument(document, begin, end).Rtf();
 }
 
 }  // namespace
@@ -58,7 +65,7 @@ RecoveryRecord TrackedText::Whole() const {
   record.kind = RecoveryRecord::Kind::Whole;
   record.target = m_target;
   record.encoding = RecoveryRecord::Encoding::Rtf;
-  if (!m_control.document()->isEmpty()) record.content = RichText::FromDocument(*m_control.document()).Rtf();
+  if (!m_control.document()->isEmpty()) record.content = WriteRtf(*m_control.document());
   return record;
 }
 
@@ -70,17 +77,16 @@ std::optional<RecoveryRecord> TrackedText::Splice() {
   m_edited.StretchTo(first.position(), end.position() + end.length() - 1);
   if (m_edited.End() > last || !IsPlainRun(document, m_edited.Begin(), m_edited.End())) return {};
 
-  const RichText part = RichText::FromDocument(document, m_edited.Begin(), m_edited.End());
   RecoveryRecord record;
   record.kind = RecoveryRecord::Kind::Splice;
   record.target = m_target;
   record.encoding = RecoveryRecord::Encoding::Rtf;
   record.begin = m_edited.Begin();
   record.removed = m_edited.Removed();
-  record.content = part.Rtf();
+  record.content = RtfOf(document, m_edited.Begin(), m_edited.End());
   // Later splices count on the positions, so a part that does not come back with its length is not good enough.
   const RichText readBack = RichText::FromRtf(record.content);
-  if (readBack.Document().characterCount() != part.Document().characterCount()) return {};
+  if (readBack.Document().characterCount() - 1 != m_edited.End() - m_edited.Begin()) return {};
   return record;
 }
 
