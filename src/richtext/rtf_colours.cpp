@@ -18,7 +18,8 @@ QRgb RtfColours::Find(int index) const {
 }
 
 QRgb RtfColours::Shade(int background, int foreground, int percent) const {
-  const QRgb below = Find(background);
+  // 0 means none, also where the table begins with a colour: that one is for the text.
+  const QRgb below = background > 0 ? Find(background) : 0;
   if (percent <= 0) return below;
   const QRgb above = qAlpha(Find(foreground)) ? Find(foreground) : qRgb(0, 0, 0);
   const QRgb ground = qAlpha(below) ? below : qRgb(255, 255, 255);
