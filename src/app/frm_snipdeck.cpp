@@ -167,6 +167,7 @@ void frmSnipdeck::TrawlerRow_Click() {
 
 void frmSnipdeck::Form_Activate() {
   m_programs.SetMainWindow(winId());
+  KeepMinimumSize();  // with the frame that the window manager has given by now
   m_geometry.FitFrame();
   m_sessionIsEnding = false;
   m_startUp.Activated([this] { ctlClipboard1_Changed(); });

@@ -51,6 +51,7 @@ void StartUp::PlaceWindow() {
   window.SetHeight(saved.mainHeight);
   SavedPlacement taken{Whole(window.Left()), Whole(window.Top()), Whole(window.Width()), Whole(window.Height())};
   KeepOnScreen(m_parts.screen.Area(), window, PlacedWindow::Main, taken);
+  KeepReachable(m_parts.screen.Area(), window);
 }
 
 void StartUp::ChooseStorageFolder() {

@@ -1,5 +1,6 @@
 #include "layout/keep_on_screen.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace snipdeck {
@@ -10,6 +11,7 @@ constexpr double kMainMargin = 300;
 constexpr double kOtherMargin = 600;
 constexpr double kFirstWidth = 4800;
 constexpr double kFirstHeight = 3200;
+constexpr double kGrip = 1500;  // of the title bar, enough to drag the window by
 
 std::int32_t Whole(double twips) {
   return static_cast<std::int32_t>(std::nearbyint(twips));
@@ -49,6 +51,15 @@ void KeepOnScreen(const WorkArea& area, WindowGeometry& window, PlacedWindow whi
   FillInWhatWasNeverSaved(area, window, saved, margin);
   ShrinkToArea(area, window, saved, margin);
   MoveBackInside(area, window, saved, margin);
+}
+
+void KeepReachable(const WorkArea& area, WindowGeometry& window) {
+  const double right = area.left + area.width;
+  const double bottom = area.top + area.height;
+  const double top = std::clamp(window.Top(), area.top, std::max(area.top, bottom - kGrip));
+  if (top != window.Top()) window.SetTop(top);
+  if (window.Left() + window.Width() < area.left + kGrip) window.SetLeft(area.left);
+  if (window.Left() > right - kGrip) window.SetLeft(right - kGrip);
 }
 
 }  // namespace snipdeck

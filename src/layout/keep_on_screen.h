@@ -22,4 +22,8 @@ enum class PlacedWindow { Main, Other };
 /// holds the placement that the window was given in place of one that was too large.
 void KeepOnScreen(const WorkArea& area, WindowGeometry& window, PlacedWindow which, SavedPlacement& saved);
 
+/// Moves a window whose title bar nobody could reach: above the work area, or with less than 100 pixels of it inside. What
+/// KeepOnScreen gives is left alone otherwise.
+void KeepReachable(const WorkArea& area, WindowGeometry& window);
+
 }  // namespace snipdeck

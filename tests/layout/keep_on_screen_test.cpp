@@ -71,6 +71,27 @@ class KeepOnScreenTest : public QObject {
     QCOMPARE(window.Place(), (QList<double>{50, 2000, 14800, 7000}));
     QCOMPARE(saved.width, 14800);
   }
+
+  void TheTitleBarStaysInReach_data() {
+    QTest::addColumn<SavedPlacement>("given");
+    QTest::addColumn<QList<double>>("expected");
+    using L = QList<double>;
+    const double left = kArea.left;
+    const double top = kArea.top;
+    const double right = kArea.left + kArea.width;
+    const double bottom = kArea.top + kArea.height;
+    QTest::newRow("inside") << SavedPlacement{1000, 2000, 8000, 7000} << L{1000, 2000, 8000, 7000};
+    QTest::newRow("above") << SavedPlacement{1000, -3105, 8000, 7000} << L{1000, top, 8000, 7000};
+    QTest::newRow("left") << SavedPlacement{-30000, 2000, 8000, 7000} << L{left, 2000, 8000, 7000};
+    QTest::newRow("right") << SavedPlacement{60000, 2000, 8000, 7000} << L{right - 1500, 2000, 8000, 7000};
+    QTest::newRow("below") << SavedPlacement{1000, 60000, 8000, 7000} << L{1000, bottom - 1500, 8000, 7000};
+  }
+  void TheTitleBarStaysInReach() {
+    QFETCH(SavedPlacement, given);
+    FakeWindow window(given);
+    KeepReachable(kArea, window);
+    QTEST(window.Place(), "expected");
+  }
 };
 
 }  // namespace snipdeck

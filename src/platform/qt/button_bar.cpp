@@ -92,7 +92,7 @@ QComboBox* TXButtonBar::AddCombo(const QString& toolTip) {
   combo->setEditable(true);
   combo->setInsertPolicy(QComboBox::NoInsert);
   combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  combo->setFocusPolicy(Qt::ClickFocus);
+  combo->setFocusPolicy(Qt::StrongFocus);
   combo->setToolTip(toolTip);
   combo->setAccessibleName(toolTip);
   combo->lineEdit()->setAccessibleName(toolTip);

@@ -9,7 +9,7 @@ namespace snipdeck {
 GlyphButton::GlyphButton(Glyph glyph, const QString& toolTip, QWidget* parent) : QToolButton(parent), m_glyph(glyph) {
   setCheckable(true);
   setAutoRaise(true);
-  setFocusPolicy(Qt::NoFocus);
+  setFocusPolicy(Qt::TabFocus);
   setToolTip(toolTip);
   setAccessibleName(toolTip);
 }

@@ -53,6 +53,7 @@ class ControlBarsTest : public QObject {
       window.show();
       window.activateWindow();
       QVERIFY(QTest::qWaitForWindowActive(&window));
+      control.setFocus();
     }
 
     template <typename Part>
@@ -66,6 +67,17 @@ class ControlBarsTest : public QObject {
   };
 
  private slots:
+  void TheButtonBarIsReachedByKeys() {
+    Fixture f;
+    f.control.SetText("word");
+    f.control.SetSelLength(-1);
+    f.Named<GlyphButton>("Bold")->setFocus(Qt::TabFocusReason);
+    QVERIFY(f.Named<GlyphButton>("Bold")->hasFocus());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Space);
+    QCOMPARE(f.control.Bold(), -1);
+    QTRY_VERIFY(f.control.hasFocus());
+  }
+
   void TheButtonBarShowsTheFormatAtTheCaret() {
     Fixture f;
     f.control.SetSelRichText(
