@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# run.sh [--demo] [OPTIONS OF THE PROGRAM]: installs what is missing, builds the release and starts the program.
+# run.sh [--demo]: installs what is missing, builds the release and starts the program.
 # Without a display, or with --demo, it shows what the program does instead: on a private display other programs copy, and
 # the boxes are read and photographed into build/demo. Your own clipboard and files are not touched by that.
 set -euo pipefail
@@ -8,9 +8,8 @@ cd "$(dirname "$0")"
 demo=
 if [ "${1:-}" = --demo ]; then
   demo=yes
-  shift
-elif [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
-  echo "There is no display here: showing the demonstration on a private one."
+elif [ -z "${DISPLAY:-}" ]; then
+  echo "There is no X display (nor XWayland) here: showing the demonstration on a private one."
   demo=yes
 fi
 
@@ -21,4 +20,4 @@ cmake --build --preset release
 if [ -n "$demo" ]; then
   SNIPDECK_SCREEN=1100x860x24 exec scripts/private_display.sh /usr/bin/python3 scripts/demo.py build/release/bin/qm_snipdeck build/demo
 fi
-exec build/release/bin/qm_snipdeck "$@"
+exec build/release/bin/qm_snipdeck

@@ -46,6 +46,7 @@ frmSnipdeck::frmSnipdeck(const MainWindowServices& services)
       m_startUp(Parts(), services.folder, services.firstSettings),
       m_shutDown(Parts()) {
   setObjectName("frmSnipdeck");
+  m_boxes->SetPasteSource(services.clipboard);
   QPixmapCache::setCacheLimit(kPictureCache);
   setWindowTitle(QString::fromLatin1(kProgramTitle));
   setCentralWidget(m_client);

@@ -38,6 +38,11 @@ void BoxSet::PreparePanel(TextPanel& panel, const QString& accessibleName) {
   panel.hide();
 }
 
+void BoxSet::SetPasteSource(const Clipboard& source) {
+  for (RichTextControl* box : m_boxes) box->SetPasteSource(&source);
+  for (TextPanel* panel : {Frame1, Frame2}) panel->TextControl().SetPasteSource(&source);
+}
+
 QString BoxSet::BoxCaption(int n) {
   return QStringLiteral(" Text box %1 ").arg(n);
 }

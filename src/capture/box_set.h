@@ -40,6 +40,8 @@ class BoxSet : public QObject {
   /// Makes the controls as children of `host`, the boxes shown and both panels hidden.
   BoxSet(QWidget& host, MessageBox& messages);
 
+  /// Where paste takes its text from in every control; outlives the boxes.
+  void SetPasteSource(const Clipboard& source);
   /// Box n, 1 to 12.
   RichTextControl& Box(int n) { return *m_boxes[static_cast<size_t>(n - 1)]; }
   RichTextControl& TXTextControl1() { return Frame1->TextControl(); }

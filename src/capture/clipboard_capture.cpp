@@ -11,7 +11,7 @@ namespace {
 /// The focus never leaves a text that the user may be typing in for one that cannot be seen.
 void FocusIfShown(RichTextControl& control) {
   const QWidget* focused = QApplication::focusWidget();
-  const bool typingElsewhere = qobject_cast<const RichTextControl*>(focused) && focused != &control;
+  const bool typingElsewhere = focused && focused != &control && focused->testAttribute(Qt::WA_InputMethodEnabled);
   if (control.isVisible() && !typingElsewhere) control.setFocus();
 }
 
@@ -72,6 +72,8 @@ void ClipboardCapture::StageContents() {
     m_boxes.txtView.SetSelRtf(RichText::FromRtf(payload.bytes));
   } else if (payload.encoding == RichTextPayload::Encoding::Html) {
     m_boxes.txtView.SetSelRtf(RichText::FromHtml(payload.bytes));
+    // HTML of pictures alone, which are not fetched, shows nothing; the text beside it does.
+    if (m_boxes.txtView.SelRtf().IsEmpty()) m_boxes.txtView.SetText(m_clipboard.Text());
   } else {
     m_boxes.txtView.SetText(m_clipboard.Text());
   }

@@ -35,9 +35,14 @@ RichText RichText::FromHtml(QByteArrayView html) {
   return RichText(std::move(data));
 }
 
+/// Word processors write their line and page breaks as the control characters VT and FF, which no document may hold.
+static QString BreaksAsLines(QString text) {
+  return text.replace(u'\v', QChar::LineSeparator).replace(u'\f', QChar::LineSeparator);
+}
+
 RichText RichText::FromPlainText(const QString& text) {
   auto data = std::make_shared<Data>();
-  data->document.setPlainText(CleanText(text));
+  data->document.setPlainText(CleanText(BreaksAsLines(text)));
   return RichText(std::move(data));
 }
 

@@ -70,6 +70,17 @@ class ClipboardCaptureTest : public QObject {
     QVERIFY(f.boxes.CapturedRtf[1].Rtf().contains("\\b"));
   }
 
+  void TextWithNothingToShowInItsFormattedFormIsNotLost() {
+    Fixture f;
+    ClipboardSnapshot picture;
+    picture.hasRichText = picture.hasText = true;
+    picture.richText = {RichTextPayload::Encoding::Html, "<img src='http://example.org/x.png'>"};
+    picture.text = "line\vbreak";
+    f.clipboard.Hold(picture);
+    f.capture.ProcessClipboard();
+    QCOMPARE(f.boxes.Box(1).Text(), QString("line\nbreak"));
+  }
+
   void FormatsDoNotLeakIntoTheNextCapture() {
     Fixture f;
     f.CopyRtf("\\pard\\qc\\b\\fs48 large", "large");

@@ -6,7 +6,9 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QFontDatabase>
+#include <QContextMenuEvent>
 #include <QImage>
+#include <QMenu>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextDocument>
@@ -277,7 +279,52 @@ void RichTextControl::SetShowFormatting(bool show) {
 void RichTextControl::ClipboardAction(int action) {
   if (action == 1) cut();
   if (action == 2) copy();
-  if (action == 3) paste();
+  if (action == 3) Paste();
+}
+
+bool RichTextControl::CanPaste() const {
+  if (!m_pasteSource) return canPaste();
+  return !isReadOnly() && (m_pasteSource->HasFormat(kFormatRichText) || m_pasteSource->HasFormat(kFormatText));
+}
+
+void RichTextControl::Paste() {
+  if (!m_pasteSource) return paste();
+  if (!CanPaste()) return;
+  const RichTextPayload payload = m_pasteSource->RichText();
+  if (payload.encoding == RichTextPayload::Encoding::Rtf) {
+    SetSelRichText(RichText::FromRtf(payload.bytes));
+  } else if (payload.encoding == RichTextPayload::Encoding::Html) {
+    SetSelRichText(RichText::FromHtml(payload.bytes));
+  } else {
+    SetSelText(m_pasteSource->Text());
+  }
+  ensureCursorVisible();
+}
+
+void RichTextControl::keyPressEvent(QKeyEvent* event) {
+  if (!event->matches(QKeySequence::Paste)) return QTextEdit::keyPressEvent(event);
+  Paste();
+  event->accept();
+}
+
+// Of our own, since Qt's asks the clipboard's owner whether there is something to paste, and waits.
+void RichTextControl::contextMenuEvent(QContextMenuEvent* event) {
+  QMenu menu(this);
+  const bool canEdit = !isReadOnly();
+  const bool hasSelection = textCursor().hasSelection();
+  const auto add = [&menu, this](const QString& caption, bool enabled, auto slot) {
+    menu.addAction(caption, this, slot)->setEnabled(enabled);
+  };
+  add(tr("&Undo"), canEdit && document()->isUndoAvailable(), &QTextEdit::undo);
+  add(tr("&Redo"), canEdit && document()->isRedoAvailable(), &QTextEdit::redo);
+  menu.addSeparator();
+  add(tr("Cu&t"), canEdit && hasSelection, &QTextEdit::cut);
+  add(tr("&Copy"), hasSelection, &QTextEdit::copy);
+  add(tr("&Paste"), CanPaste(), [this] { Paste(); });
+  add(tr("&Delete"), canEdit && hasSelection, [this] { textCursor().removeSelectedText(); });
+  menu.addSeparator();
+  add(tr("Select &all"), !document()->isEmpty(), &QTextEdit::selectAll);
+  menu.exec(event->globalPos());
 }
 
 int RichTextControl::ControlOption(int index) const {

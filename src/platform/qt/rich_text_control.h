@@ -7,6 +7,7 @@
 #include <QPointer>
 #include <QTextEdit>
 
+#include "platform/clipboard.h"
 #include "platform/result.h"
 #include "platform/units.h"
 #include "richtext/rich_text.h"
@@ -68,6 +69,9 @@ class RichTextControl : public QTextEdit {
   /// Marks for blanks, tabs and paragraph ends.
   bool ShowFormatting() const;
   void SetShowFormatting(bool show);
+  /// Where paste takes its text from without waiting for another program; null takes it from Qt's clipboard, which waits.
+  /// Outlives the control.
+  void SetPasteSource(const Clipboard* source) { m_pasteSource = source; }
   /// 1 cut, 2 copy, 3 paste; any other number does nothing.
   void ClipboardAction(int action);
 
@@ -109,7 +113,9 @@ class RichTextControl : public QTextEdit {
   void ZoomChanged(int percent);
 
  protected:
+  void contextMenuEvent(QContextMenuEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void hideEvent(QHideEvent* event) override;
@@ -122,6 +128,8 @@ class RichTextControl : public QTextEdit {
  private:
   void PlaceAnew();
   void ApplyPalette();
+  void Paste();
+  bool CanPaste() const;
   void BreakEndlessWords(const QString& text);
   void BreakEndlessWords(const RichText& text);
   int LastPosition() const;
@@ -131,6 +139,7 @@ class RichTextControl : public QTextEdit {
   /// What the lines are placed for, while they wait to be placed for another size.
   std::optional<QSize> m_placedFor;
   bool m_isPlacing = false;
+  const Clipboard* m_pasteSource = nullptr;
   int m_viewMode = 0;
   int m_pageDisplayOption = 0;
   std::array<int, 16> m_controlOptions{};

@@ -137,7 +137,11 @@ void X11ClipboardWatch::TellFinished() {
     if (verdict == Verdict::Wait) break;
     const std::unique_ptr<SnapshotReader> reader = std::move(m_readers.front());
     m_readers.pop_front();
-    if (verdict == Verdict::Drop) continue;
+    if (verdict == Verdict::Drop) {
+      // What cannot be read must not leave the copy before it to be pasted in its place.
+      if (!reader->HasContents()) m_current = {};
+      continue;
+    }
     m_echoes.Told(reader->Origin(), reader->Snapshot());
     m_current = reader->Snapshot();
     if (m_onChange) m_onChange();

@@ -1,5 +1,7 @@
 #include "platform/qt/rich_text_control.h"
 
+#include "fakes/fake_clipboard.h"
+
 #include "platform/qt/endless_word.h"
 
 #include <QClipboard>
@@ -60,6 +62,23 @@ class RichTextControlTest : public QObject {
     QCOMPARE(control.wordWrapMode(), ordinary);
     control.SetSelRichText(RichText::FromPlainText(data));
     QCOMPARE(control.wordWrapMode(), QTextOption::WrapAnywhere);
+  }
+
+  void PasteAsksNobodyButItsSource() {
+    FakeClipboard source;
+    RichTextControl control;
+    control.SetPasteSource(&source);
+    QGuiApplication::clipboard()->setText("from Qt's clipboard");
+    QTest::keySequence(&control, QKeySequence(QKeySequence::Paste));
+    QCOMPARE(control.Text(), QString());
+    source.HoldRtf("{\\rtf1 some {\\b bold}}", "text");
+    QTest::keySequence(&control, QKeySequence(QKeySequence::Paste));
+    QCOMPARE(control.Text(), QString("some bold"));
+    QCOMPARE(control.Bold(), -1);
+    source.HoldText(" and plain");
+    control.SetText("");
+    control.ClipboardAction(3);
+    QCOMPARE(control.Text(), QString(" and plain"));
   }
 
   void SelectionsAreClampedToTheText() {
