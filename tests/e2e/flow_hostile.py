@@ -6,6 +6,7 @@ import time
 
 from harness.conditions import TimedOut
 from harness.owners import Owner, copy
+from harness.program import press
 from harness.program_test import ProgramTest
 
 LONGEST_ANSWER = 0.1  # seconds
@@ -82,3 +83,17 @@ class Hostile(ProgramTest):
 
     def test_offers_only_a_format_of_its_own(self):
         self.check_next_copy_is_captured("application/x-of-its-own:x")
+
+    def test_pasting_from_an_owner_that_hangs(self):
+        copy("before")
+        self.wait_for_box(1, "before")
+        self.longest = 0.0
+        with Owner("UTF8_STRING:x", "text/html:x", "--mode", "hang"):
+            self.watch_answers(lambda: False, WATCHED)
+            press("ctrl+v")
+            self.watch_answers(lambda: False, WATCHED)
+            press("shift+F10")
+            self.watch_answers(lambda: False, WATCHED)
+            press("Escape")
+        self.assertLess(self.longest, WAIT_FOR_OWNER)
+        self.wait_for_box(1, "before")
