@@ -1,5 +1,7 @@
 #include "capture/clipboard_capture.h"
 
+#include "richtext/clipboard_text.h"
+
 #include <QApplication>
 #include <QLabel>
 #include <QTextCursor>
@@ -67,13 +69,8 @@ void ClipboardCapture::StageFileNames() {
 }
 
 void ClipboardCapture::StageContents() {
-  const RichTextPayload payload = m_clipboard.RichText();
-  if (payload.encoding == RichTextPayload::Encoding::Rtf) {
-    m_boxes.txtView.SetSelRtf(RichText::FromRtf(payload.bytes));
-  } else if (payload.encoding == RichTextPayload::Encoding::Html) {
-    m_boxes.txtView.SetSelRtf(RichText::FromHtml(payload.bytes));
-    // HTML of pictures alone, which are not fetched, shows nothing; the text beside it does.
-    if (m_boxes.txtView.SelRtf().IsEmpty()) m_boxes.txtView.SetText(m_clipboard.Text());
+  if (const auto text = FormattedText(m_clipboard)) {
+    m_boxes.txtView.SetSelRtf(*text);
   } else {
     m_boxes.txtView.SetText(m_clipboard.Text());
   }

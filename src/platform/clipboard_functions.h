@@ -7,11 +7,10 @@
 #include <QString>
 
 #include "platform/clipboard_formats.h"
+#include "platform/window_handle.h"
 
 namespace snipdeck {
 
-/// The window system's number of a window; 0 is no window.
-using WindowHandle = std::uintptr_t;
 /// A block of memory that goes to or comes from the clipboard; 0 is no block.
 using MemoryHandle = std::uintptr_t;
 

@@ -21,6 +21,7 @@
 #include "platform/qt/ruler.h"
 #include "platform/qt/status_bar.h"
 #include "platform/qt/zoomed_device.h"
+#include "richtext/clipboard_text.h"
 #include "richtext/format_properties.h"
 
 namespace snipdeck {
@@ -290,11 +291,8 @@ bool RichTextControl::CanPaste() const {
 void RichTextControl::Paste() {
   if (!m_pasteSource) return paste();
   if (!CanPaste()) return;
-  const RichTextPayload payload = m_pasteSource->RichText();
-  if (payload.encoding == RichTextPayload::Encoding::Rtf) {
-    SetSelRichText(RichText::FromRtf(payload.bytes));
-  } else if (payload.encoding == RichTextPayload::Encoding::Html) {
-    SetSelRichText(RichText::FromHtml(payload.bytes));
+  if (const auto text = FormattedText(*m_pasteSource)) {
+    SetSelRichText(*text);
   } else {
     SetSelText(m_pasteSource->Text());
   }
