@@ -28,19 +28,26 @@ CommandButton* MakeButton(frmSnipdeck& window, QWidget& client, const Command& c
   return button;
 }
 
-void AddButtons(frmSnipdeck& window, QWidget& client, std::span<const Command> commands, TopRow& row) {
+using ButtonOrder = std::array<const Command*, kTopRowButtonCount>;
+
+void NoteButtons(std::span<const Command> commands, ButtonOrder& order) {
   for (const Command& command : commands) {
-    if (command.button.name) row[static_cast<size_t>(command.button.place)] = MakeButton(window, client, command);
+    if (command.button.name) order[static_cast<size_t>(command.button.place)] = &command;
   }
 }
 
 }  // namespace
 
 TopRow BuildTopRow(frmSnipdeck& window, QWidget& client) {
+  ButtonOrder order{};
+  NoteButtons(ButtonCommands(), order);
+  for (const Menu& menu : MainMenus()) NoteButtons(menu.entries, order);
+  // Made from left to right: a screen reader tells the buttons in the order of their making.
   TopRow row{};
-  AddButtons(window, client, ButtonCommands(), row);
-  for (const Menu& menu : MainMenus()) AddButtons(window, client, menu.entries, row);
-  for (size_t i = 1; i < row.size(); ++i) QWidget::setTabOrder(row[i - 1], row[i]);
+  for (size_t i = 0; i < row.size(); ++i) {
+    row[i] = MakeButton(window, client, *order[i]);
+    if (i > 0) QWidget::setTabOrder(row[i - 1], row[i]);
+  }
   return row;
 }
 
