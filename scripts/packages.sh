@@ -10,6 +10,7 @@ declare -A groups=(
   # dbus-x11 also spares a small system the systemd that the accessibility bus would otherwise draw in.
   [display]="xvfb openbox dbus-x11 at-spi2-core python3-gi gir1.2-atspi-2.0 xclip xdotool imagemagick"
   [bench]="copyq"
+  [package]="dpkg-dev file desktop-file-utils appstream"
 )
 
 wanted=()

@@ -6,6 +6,7 @@
 #include "app/program_folder.h"
 #include "app/single_instance.h"
 #include "app/termination_signals.h"
+#include "platform/qt/drawn_icon.h"
 #include "platform/qt/qt_file_lookup.h"
 #include "platform/qt/qt_message_box.h"
 #include "platform/qt/qt_screen.h"
@@ -64,6 +65,8 @@ int main(int argc, char** argv) {
     instance.RaisePreviousInstance();
     return 0;
   }
+  QGuiApplication::setDesktopFileName(QStringLiteral("org.qm_snipdeck.QM_Snipdeck"));
   QApplication application(argc, argv);
+  QApplication::setWindowIcon(DrawnIcon(QStringLiteral("program"), Qt::black));
   return Run(application, instance, folder);
 }
