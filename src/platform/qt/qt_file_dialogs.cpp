@@ -1,0 +1,77 @@
+#include "platform/qt/qt_file_dialogs.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+
+namespace snipdeck {
+
+namespace {
+
+bool MeansEveryFile(const QString& pattern) {
+#ifdef Q_OS_WIN
+  return pattern == QStringLiteral("*.*");
+#else
+  return pattern == QStringLiteral("*.*") || pattern == QStringLiteral("*.exe");
+#endif
+}
+
+// The label as it is told, with the pattern behind it in brackets, which the dialog takes off again.
+QStringList NameFilters(const QList<FileFilter>& filters) {
+  QStringList names;
+  for (const FileFilter& filter : filters) {
+    const QString pattern = MeansEveryFile(filter.pattern) ? QStringLiteral("*") : filter.pattern;
+    names.append(QStringLiteral("%1 (%2)").arg(filter.label, pattern));
+  }
+  return names;
+}
+
+QString OnlyChoice(const QFileDialog& dialog) {
+  const QStringList chosen = dialog.selectedFiles();
+  return chosen.isEmpty() ? QString() : QDir::toNativeSeparators(chosen.first());
+}
+
+}  // namespace
+
+QString QtFileDialogs::OpenFile(const FileRequest& request) {
+  QFileDialog dialog(QApplication::activeWindow());
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  Prepare(dialog, request);
+  return RunForFile(dialog);
+}
+
+QString QtFileDialogs::SaveFile(const FileRequest& request) {
+  QFileDialog dialog(QApplication::activeWindow());
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  Prepare(dialog, request);
+  return RunForFile(dialog);
+}
+
+QString QtFileDialogs::BrowseForFolder(const QString& title, const QString& start) {
+  QFileDialog dialog(QApplication::activeWindow(), title, start);
+  dialog.setFileMode(QFileDialog::Directory);
+  dialog.setOption(QFileDialog::ShowDirsOnly);
+  dialog.setHistory({});
+  return dialog.exec() == QDialog::Accepted ? OnlyChoice(dialog) : QString();
+}
+
+void QtFileDialogs::Prepare(QFileDialog& dialog, const FileRequest& request) const {
+  dialog.setWindowTitle(request.title);
+  dialog.setOption(QFileDialog::HideNameFilterDetails);
+  dialog.setHistory({});
+  if (!request.filters.isEmpty()) dialog.setNameFilters(NameFilters(request.filters));
+  dialog.setDefaultSuffix(request.defaultExtension);
+  const QFileInfo proposed(request.fileName.value_or(m_lastName));
+  dialog.setDirectory(proposed.absoluteDir());
+  dialog.selectFile(proposed.fileName());
+}
+
+QString QtFileDialogs::RunForFile(QFileDialog& dialog) {
+  if (dialog.exec() != QDialog::Accepted) return {};
+  m_lastName = OnlyChoice(dialog);
+  return m_lastName;
+}
+
+}  // namespace snipdeck
