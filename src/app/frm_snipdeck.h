@@ -15,6 +15,8 @@
 #include "navigation/external_programs.h"
 #include "navigation/sidebar.h"
 #include "platform/clipboard.h"
+#include "platform/file_dialogs.h"
+#include "platform/font_colour_dialogs.h"
 #include "platform/qt/command_button.h"
 #include "platform/qt/qt_window_geometry.h"
 
@@ -30,6 +32,8 @@ struct MainWindowServices {
   FileLookup& files;
   Shell& shell;
   WindowList& windows;
+  FileDialogs& fileDialogs;
+  FontColourDialogs& fontColourDialogs;
   /// The folder of the executable file.
   QString ownFolder;
   /// The program's folder, and the settings file for users who have none.

@@ -7,7 +7,9 @@
 #include "app/single_instance.h"
 #include "app/termination_signals.h"
 #include "platform/qt/drawn_icon.h"
+#include "platform/qt/qt_file_dialogs.h"
 #include "platform/qt/qt_file_lookup.h"
+#include "platform/qt/qt_font_colour_dialogs.h"
 #include "platform/qt/qt_message_box.h"
 #include "platform/qt/qt_screen.h"
 #include "platform/x11/x11_clipboard_access.h"
@@ -38,8 +40,10 @@ int Run(QApplication& application, SingleInstance& instance, const QString& fold
   QtFileLookup files;
   X11Shell shell;
   X11WindowList windows;
-  frmSnipdeck window({clipboard, clipboard, clipboardAccess, messages, screen, files, shell, windows,
-                      QCoreApplication::applicationDirPath(), folder, InstalledSettingsPath()});
+  QtFileDialogs fileDialogs;
+  QtFontColourDialogs fontColourDialogs;
+  frmSnipdeck window({clipboard, clipboard, clipboardAccess, messages, screen, files, shell, windows, fileDialogs,
+                      fontColourDialogs, QCoreApplication::applicationDirPath(), folder, InstalledSettingsPath()});
   screen.Follow(&window);
   window.Form_Load();
 

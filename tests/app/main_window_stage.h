@@ -7,6 +7,7 @@
 #include "fakes/fake_clipboard_writer.h"
 #include "fakes/fake_file_lookup.h"
 #include "fakes/fake_shell.h"
+#include "fakes/scripted_dialogs.h"
 #include "fakes/scripted_messages.h"
 
 namespace snipdeck {
@@ -28,12 +29,13 @@ struct MainWindowStage {
   FakeFileLookup files;
   FakeShell shell;
   FakeWindowList windows;
+  ScriptedDialogs dialogs;
   frmSnipdeck window;
 
   /// `settings` are the settings of the first start, the lines of the settings file.
   explicit MainWindowStage(const QByteArray& settings = {})
-      : window({watch, clipboard, writer, messages, screen, files, shell, windows, QStringLiteral("P:\\Own"),
-                folder.path(), Settings(folder, settings)}) {
+      : window({watch, clipboard, writer, messages, screen, files, shell, windows, dialogs, dialogs,
+                QStringLiteral("P:\\Own"), folder.path(), Settings(folder, settings)}) {
     window.Form_Load();
     window.show();
   }
