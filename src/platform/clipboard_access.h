@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QImage>
+#include <QByteArray>
 #include <QString>
 
 #include "platform/clipboard.h"
@@ -9,9 +9,16 @@
 
 namespace snipdeck {
 
+/// A picture as its owner handed it over.
+struct EncodedPicture {
+  QByteArray bytes;
+  /// The kind of the bytes: "png", "jpeg", ...
+  QByteArray kind;
+};
+
 /// Simple access to what the clipboard holds at this moment; each call opens and closes it by itself. What another
-/// program holds is read while it waits, bounded as ClipboardFunctions says, and a failure names the format. Contents
-/// that their owner marks as secret are not there.
+/// program holds is read while the call waits, bounded as ClipboardFunctions says, and a failure names the format; events
+/// are handled meanwhile, the user's are not. Contents that their owner marks as secret are not there.
 class ClipboardAccess {
  public:
   virtual ~ClipboardAccess() = default;
@@ -22,8 +29,8 @@ class ClipboardAccess {
   virtual Result<RichTextPayload> RichText() = 0;
   /// The plain text with its owner's line ends.
   virtual Result<QString> Text() = 0;
-  /// The picture, of at most 64 million pixels.
-  virtual Result<QImage> Picture() = 0;
+  /// The picture, not looked into: it may be damaged, and of any size.
+  virtual Result<EncodedPicture> Picture() = 0;
 };
 
 }  // namespace snipdeck

@@ -43,8 +43,10 @@ class ClipboardFunctions {
 
   /// The block of a format, which stays the clipboard's. 0 when it is not open, has no such format, or when the
   /// format's owner does not hand it over in time: reading waits for another program one second without progress, and
-  /// no longer than five in all.
+  /// no longer than five in all. Events are handled meanwhile, the user's are not.
   virtual MemoryHandle GetClipboardData(ClipboardFormat format) = 0;
+  /// Why the last GetClipboardData() gave no block, in words for a person; empty after one that did.
+  virtual QString LastFailure() const = 0;
   /// Hands a block to the clipboard, which owns it from now on, also when it refuses it. Other formats stay. False when
   /// the clipboard is not open or cannot carry the format.
   virtual bool SetClipboardData(ClipboardFormat format, MemoryHandle block) = 0;

@@ -34,6 +34,8 @@ class MemoryClipboard : public ClipboardFunctions, public ClipboardAccess {
   ClipboardFormat nextFormat = kFirstRegisteredFormat + 1;
   QHash<QString, ClipboardFormat> registered;
   bool isOpen = false;
+  /// What LastFailure() says.
+  QString refusal;
   /// OpenClipboard() calls that were not refused.
   int opened = 0;
 
@@ -63,6 +65,7 @@ class MemoryClipboard : public ClipboardFunctions, public ClipboardAccess {
     const auto found = Find(format);
     return isOpen && found != contents.end() ? m_memory.Adopt(found->bytes) : 0;
   }
+  QString LastFailure() const override { return refusal; }
   bool SetClipboardData(ClipboardFormat format, MemoryHandle block) override {
     const QByteArray bytes = m_memory.Take(block);
     if (!isOpen || refusesData) return false;
@@ -104,7 +107,7 @@ class MemoryClipboard : public ClipboardFunctions, public ClipboardAccess {
     if (isOpen || heldByOther) return Failure{Failure::Kind::Refused, "the clipboard is open"};
     return QString::fromLatin1(BytesOf(kFormatText));
   }
-  Result<QImage> Picture() override { return QImage::fromData(BytesOf(kFormatBitmap)); }
+  Result<EncodedPicture> Picture() override { return EncodedPicture{BytesOf(kFormatBitmap), "png"}; }
 
  private:
   std::vector<Entry>::const_iterator Find(ClipboardFormat format) const {

@@ -43,7 +43,11 @@ bool Win32ClipboardFunctions::IsClipboardFormatAvailable(ClipboardFormat format)
 }
 
 MemoryHandle Win32ClipboardFunctions::GetClipboardData(ClipboardFormat format) {
-  return IsBlock(format) ? reinterpret_cast<MemoryHandle>(::GetClipboardData(static_cast<UINT>(format))) : 0;
+  m_failure = QStringLiteral("it is no block of memory");
+  if (!IsBlock(format)) return 0;
+  const HANDLE block = ::GetClipboardData(static_cast<UINT>(format));
+  m_failure = block ? QString() : qt_error_string(static_cast<int>(::GetLastError()));
+  return reinterpret_cast<MemoryHandle>(block);
 }
 
 bool Win32ClipboardFunctions::SetClipboardData(ClipboardFormat format, MemoryHandle block) {

@@ -14,6 +14,7 @@ class Win32ClipboardFunctions : public ClipboardFunctions {
   ClipboardFormat EnumClipboardFormats(ClipboardFormat previous) override;
   bool IsClipboardFormatAvailable(ClipboardFormat format) override;
   MemoryHandle GetClipboardData(ClipboardFormat format) override;
+  QString LastFailure() const override { return m_failure; }
   bool SetClipboardData(ClipboardFormat format, MemoryHandle block) override;
   QString RegisteredName(ClipboardFormat format, int limit) override;
   ClipboardFormat RegisterFormat(const QString& name) override;
@@ -24,6 +25,9 @@ class Win32ClipboardFunctions : public ClipboardFunctions {
   std::uint32_t QueryDropFile(MemoryHandle block, std::uint32_t index, char16_t* buffer, std::uint32_t size) override;
   int CharacterCode(char16_t character) const override;
   QString TextFromCodePage(QByteArrayView bytes) const override;
+
+ private:
+  QString m_failure;
 };
 
 }  // namespace snipdeck

@@ -1,6 +1,8 @@
 #include "platform/x11/foreign_contents.h"
 
 #include <QElapsedTimer>
+#include <QEventLoop>
+#include <QTimer>
 
 #include "platform/x11/target_content.h"
 
@@ -96,6 +98,7 @@ Result<QByteArray> ForeignContents::Convert(const QByteArray& target) {
     return Failure{kind, QStringLiteral("%1: %2").arg(QString::fromLatin1(target), why)};
   };
   if (!m_connection.IsValid()) return failure(Failure::Kind::Unsupported, QStringLiteral("there is no display"));
+  if (m_transfer) return failure(Failure::Kind::Refused, QStringLiteral("the clipboard is being read already"));
   if (m_ownerIsSilent) return failure(Failure::Kind::TimedOut, QStringLiteral("the owner does not answer"));
   SelectionTransfer transfer(m_connection, m_connection.Atom(target), m_pool.Take(), m_time, m_limits.maxBytes);
   m_transfer = &transfer;
@@ -107,6 +110,8 @@ Result<QByteArray> ForeignContents::Convert(const QByteArray& target) {
 }
 
 void ForeignContents::Await(SelectionTransfer& transfer) {
+  QEventLoop loop;
+  QTimer wake;
   QElapsedTimer total;
   QElapsedTimer sinceProgress;
   total.start();
@@ -121,7 +126,10 @@ void ForeignContents::Await(SelectionTransfer& transfer) {
     }
     if (m_hasChanged) return transfer.Abandon(QStringLiteral("a newer copy came"));
     if (!m_connection.IsValid()) return transfer.Abandon(QStringLiteral("the display has gone"));
-    m_connection.WaitAndDispatch(static_cast<int>(left));
+    wake.start(static_cast<int>(left));
+    xcb_flush(m_connection.Raw());
+    loop.processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
+    m_connection.DispatchEvents();
     if (transfer.Bytes().size() - received < m_limits.progressBytes) continue;
     received = transfer.Bytes().size();
     sinceProgress.restart();

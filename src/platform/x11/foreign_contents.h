@@ -22,8 +22,8 @@ struct WaitLimits {
   qint64 maxBytes = qint64{256} << 20;
 };
 
-/// What another program has on the clipboard at this moment, read while the caller waits, outside the event loop. An
-/// owner that let us wait in vain once is not asked again until the clipboard changes.
+/// What another program has on the clipboard at this moment, read while the caller waits; events are handled meanwhile,
+/// the user's are not. An owner that let us wait in vain once is not asked again until the clipboard changes.
 class ForeignContents : public QObject {
   Q_OBJECT
 

@@ -55,17 +55,6 @@ void AppendNumber(QByteArray& bytes, quint32 number) {
   bytes.append(raw.data(), raw.size());
 }
 
-const char* ReaderFormat(const QByteArray& target) {
-  static constexpr struct {
-    const char* target;
-    const char* format;
-  } kinds[] = {{"image/png", "png"},   {"image/jpeg", "jpeg"}, {"image/bmp", "bmp"},   {"image/x-bmp", "bmp"},
-               {"image/tiff", "tiff"}, {"image/gif", "gif"},   {"image/webp", "webp"}, {"image/x-icon", "ico"}};
-  const auto* kind =
-      std::find_if(std::begin(kinds), std::end(kinds), [&](const auto& k) { return target == k.target; });
-  return kind == std::end(kinds) ? nullptr : kind->format;
-}
-
 /// Bytes of the palette between the header and the pixels.
 quint32 PaletteSize(QByteArrayView dib) {
   const int bitCount = static_cast<int>(NumberAt(dib, 12) >> 16);
@@ -143,7 +132,7 @@ QByteArray DibBlock(const QImage& picture) {
   QBuffer buffer(&bmp);
   buffer.open(QIODevice::WriteOnly);
   if (picture.isNull() || !picture.save(&buffer, "BMP")) return {};
-  return bmp.mid(kBmpHeaderSize);
+  return bmp.remove(0, kBmpHeaderSize);
 }
 
 QByteArray BmpOfDib(QByteArrayView block) {
@@ -156,13 +145,24 @@ QByteArray BmpOfDib(QByteArrayView block) {
   return bmp + block.toByteArray();
 }
 
+QByteArray PictureKind(const QByteArray& target) {
+  static constexpr struct {
+    const char* target;
+    const char* kind;
+  } kinds[] = {{"image/png", "png"},   {"image/jpeg", "jpeg"}, {"image/bmp", "bmp"},   {"image/x-bmp", "bmp"},
+               {"image/tiff", "tiff"}, {"image/gif", "gif"},   {"image/webp", "webp"}, {"image/x-icon", "ico"}};
+  const auto* found =
+      std::find_if(std::begin(kinds), std::end(kinds), [&](const auto& kind) { return target == kind.target; });
+  return found == std::end(kinds) ? QByteArray() : QByteArray(found->kind);
+}
+
 QImage DecodePicture(const QByteArray& target, const QByteArray& bytes) {
-  const char* format = ReaderFormat(target);
-  if (!format) return {};
+  const QByteArray kind = PictureKind(target);
+  if (kind.isEmpty()) return {};
   QBuffer buffer;
   buffer.setData(bytes);
   buffer.open(QIODevice::ReadOnly);
-  QImageReader reader(&buffer, format);
+  QImageReader reader(&buffer, kind);
   reader.setAutoDetectImageFormat(false);
   const QSize size = reader.size();
   // Kinds that do not tell their size beforehand are held by Qt's own limit.

@@ -31,6 +31,8 @@ QByteArray DibBlock(const QImage& picture);
 /// The same with the header that makes it a BMP file; empty if the block is too short to be one.
 QByteArray BmpOfDib(QByteArrayView block);
 
+/// The kind of picture that `target` names, as picture readers call it; empty for one that is not read.
+QByteArray PictureKind(const QByteArray& target);
 /// Decodes a picture of the kind that `target` names (image/png, ...). Null if it is damaged, of another kind or larger
 /// than 64 million pixels.
 QImage DecodePicture(const QByteArray& target, const QByteArray& bytes);

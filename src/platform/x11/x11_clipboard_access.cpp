@@ -63,16 +63,13 @@ Result<QString> X11ClipboardAccess::Text() {
   return failure;
 }
 
-Result<QImage> X11ClipboardAccess::Picture() {
+Result<EncodedPicture> X11ClipboardAccess::Picture() {
   Failure failure = NothingThere(QStringLiteral("picture"));
   for (const QByteArray& target : Offered(ImageTargets())) {
+    if (PictureKind(target).isEmpty()) continue;
     const Result<QByteArray> bytes = m_contents.Read(target);
-    if (!bytes) {
-      failure = bytes.Error();
-      continue;
-    }
-    if (QImage picture = DecodePicture(target, bytes.Value()); !picture.isNull()) return picture;
-    failure = {Failure::Kind::Malformed, QStringLiteral("%1: no picture").arg(QString::fromLatin1(target))};
+    if (bytes) return EncodedPicture{bytes.Value(), PictureKind(target)};
+    failure = bytes.Error();
   }
   return failure;
 }

@@ -16,7 +16,7 @@ class X11ClipboardAccess : public ClipboardAccess, public ClipboardWriter {
   bool HasFormat(ClipboardFormat format) override;
   Result<RichTextPayload> RichText() override;
   Result<QString> Text() override;
-  Result<QImage> Picture() override;
+  Result<EncodedPicture> Picture() override;
 
   Outcome EmptyClipboard() override { return m_contents.Clear(); }
   Outcome PutRichText(const TextOffer& offer) override;

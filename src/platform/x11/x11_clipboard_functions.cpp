@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/x11/event_pause.h"
 #include "platform/x11/format_blocks.h"
 #include "platform/x11/target_content.h"
 #include "richtext/text_decoder.h"
@@ -95,20 +96,29 @@ bool X11ClipboardFunctions::IsClipboardFormatAvailable(ClipboardFormat format) {
 }
 
 MemoryHandle X11ClipboardFunctions::GetClipboardData(ClipboardFormat format) {
+  m_failure = QStringLiteral("it is not there");
   if (!m_isOpen) return 0;
   for (const auto& [pending, block] : m_pending) {
-    if (pending == format) return m_memory.Adopt(block);
+    if (pending == format) return Adopt(block);
   }
   if (m_isEmptied) return 0;
   const QByteArray block = ReadBlock(format);
-  return block.isEmpty() ? 0 : m_memory.Adopt(block);
+  return block.isEmpty() ? 0 : Adopt(block);
+}
+
+MemoryHandle X11ClipboardFunctions::Adopt(const QByteArray& block) {
+  m_failure.clear();
+  return m_memory.Adopt(block);
 }
 
 QByteArray X11ClipboardFunctions::ReadBlock(ClipboardFormat format) {
   for (const QByteArray& target : m_formats.TargetsFor(format, m_contents.Targets())) {
     const Result<QByteArray> bytes = m_contents.Read(target);
-    if (!bytes) continue;
-    if (const QByteArray block = BlockOf(format, target, bytes.Value()); !block.isEmpty()) return block;
+    if (bytes) {
+      const QByteArray block = BlockOf(format, target, bytes.Value());
+      if (!block.isEmpty()) return block;
+    }
+    m_failure = bytes ? QString::fromLatin1(target + ": there is nothing in it that can be used") : bytes.Error().text;
   }
   return {};
 }
@@ -122,7 +132,7 @@ QByteArray X11ClipboardFunctions::BlockOf(ClipboardFormat format, const QByteArr
       return UnicodeTextBlock(DecodeText(target, bytes));
     case kFormatBitmap:
     case kFormatDib:
-      return DibBlock(DecodePicture(target, bytes));
+      return ComputeAside([&] { return DibBlock(DecodePicture(target, bytes)); });
     case kFormatFileList:
       return DropFilesBlock(DecodeUriList(bytes));
     default:

@@ -24,6 +24,7 @@ class X11ClipboardFunctions : public ClipboardFunctions {
   ClipboardFormat EnumClipboardFormats(ClipboardFormat previous) override;
   bool IsClipboardFormatAvailable(ClipboardFormat format) override;
   MemoryHandle GetClipboardData(ClipboardFormat format) override;
+  QString LastFailure() const override { return m_failure; }
   bool SetClipboardData(ClipboardFormat format, MemoryHandle block) override;
   QString RegisteredName(ClipboardFormat format, int limit) override;
   ClipboardFormat RegisterFormat(const QString& name) override;
@@ -37,6 +38,7 @@ class X11ClipboardFunctions : public ClipboardFunctions {
 
  private:
   std::vector<ClipboardFormat> Formats();
+  MemoryHandle Adopt(const QByteArray& block);
   QByteArray ReadBlock(ClipboardFormat format);
   QByteArray BlockOf(ClipboardFormat format, const QByteArray& target, const QByteArray& bytes) const;
   OfferedData OffersOf(ClipboardFormat format, const QByteArray& block) const;
@@ -54,6 +56,7 @@ class X11ClipboardFunctions : public ClipboardFunctions {
   std::vector<std::pair<ClipboardFormat, QByteArray>> m_pending;
   /// The formats that an enumeration began with.
   std::vector<ClipboardFormat> m_listed;
+  QString m_failure;
   MemoryHandle m_dropBlock = 0;
   QStringList m_dropNames;
 };

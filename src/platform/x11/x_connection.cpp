@@ -1,7 +1,5 @@
 #include "platform/x11/x_connection.h"
 
-#include <poll.h>
-
 #include <QSocketNotifier>
 
 namespace snipdeck {
@@ -105,13 +103,6 @@ xcb_window_t XConnection::SelectionOwner(const QByteArray& selection) {
   const auto cookie = xcb_get_selection_owner(Raw(), Atom(selection));
   const XReply<xcb_get_selection_owner_reply_t> reply(xcb_get_selection_owner_reply(Raw(), cookie, nullptr));
   return reply ? reply->owner : static_cast<xcb_window_t>(XCB_WINDOW_NONE);
-}
-
-void XConnection::WaitAndDispatch(int milliseconds) {
-  xcb_flush(m_connection.get());
-  pollfd waiting{xcb_get_file_descriptor(m_connection.get()), POLLIN, 0};
-  poll(&waiting, 1, std::max(milliseconds, 0));
-  DispatchEvents();
 }
 
 void XConnection::Flush() {

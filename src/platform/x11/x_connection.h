@@ -44,8 +44,6 @@ class XConnection : public QObject {
   xcb_window_t SelectionOwner(const QByteArray& selection = "CLIPBOARD");
 
   void Flush();
-  /// Waits for the server at most so many milliseconds, outside the event loop, and handles what has arrived.
-  void WaitAndDispatch(int milliseconds);
   /// Handles what has arrived.
   void DispatchEvents();
 
