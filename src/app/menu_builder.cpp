@@ -4,7 +4,7 @@
 
 #include "app/frm_snipdeck.h"
 #include "app/menu_table.h"
-#include "layout/menu_colours.h"
+#include "platform/menu_colours.h"
 #include "platform/qt/drawn_icon.h"
 #include "platform/qt/menu_style.h"
 

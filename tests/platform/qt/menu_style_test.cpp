@@ -4,7 +4,7 @@
 #include <QMenuBar>
 #include <QTest>
 
-#include "layout/menu_colours.h"
+#include "platform/menu_colours.h"
 
 namespace snipdeck {
 
