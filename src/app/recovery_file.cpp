@@ -4,7 +4,7 @@
 
 #include <QFileInfo>
 
-#include "storage/whole_file.h"
+#include "platform/whole_file.h"
 
 namespace snipdeck {
 

@@ -5,8 +5,8 @@
 
 #include "app/settings_number.h"
 #include "app/settings_table.h"
+#include "platform/whole_file.h"
 #include "richtext/code_pages.h"
-#include "storage/whole_file.h"
 
 namespace snipdeck {
 

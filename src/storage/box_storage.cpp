@@ -2,8 +2,8 @@
 
 #include <QDir>
 
+#include "platform/whole_file.h"
 #include "storage/busy_pointer.h"
-#include "storage/whole_file.h"
 
 namespace snipdeck {
 

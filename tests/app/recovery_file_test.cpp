@@ -6,7 +6,7 @@
 #include <QTest>
 
 #include "app/edited_range.h"
-#include "storage/whole_file.h"
+#include "platform/whole_file.h"
 
 namespace snipdeck {
 

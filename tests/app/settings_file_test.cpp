@@ -12,7 +12,7 @@
 #include "app/settings_number.h"
 #include "app/settings_table.h"
 #include "fakes/scripted_messages.h"
-#include "storage/whole_file.h"
+#include "platform/whole_file.h"
 
 namespace snipdeck {
 

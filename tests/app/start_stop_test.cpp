@@ -9,7 +9,7 @@
 #include "fakes/fake_clipboard_writer.h"
 #include "fakes/scripted_messages.h"
 #include "platform/qt/qt_window_geometry.h"
-#include "storage/whole_file.h"
+#include "platform/whole_file.h"
 
 namespace snipdeck {
 

@@ -8,7 +8,7 @@
 #include <QTextDocument>
 
 #include "fakes/scripted_messages.h"
-#include "storage/whole_file.h"
+#include "platform/whole_file.h"
 
 namespace snipdeck {
 

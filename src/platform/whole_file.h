@@ -11,7 +11,7 @@ namespace snipdeck {
 /// contents or the new ones are there, never a part. A failure tells the platform's words for it.
 Outcome WriteWholeFile(const QString& path, QByteArrayView contents);
 
-/// The whole contents of a file.
+/// The whole contents of a file of up to 1 GiB; pipes and devices are refused.
 Result<QByteArray> ReadWholeFile(const QString& path);
 
 /// Deletes the file at `path` if there is one. A failure is not told: who deletes first finds out when it writes.

@@ -1,4 +1,4 @@
-#include "storage/whole_file.h"
+#include "platform/whole_file.h"
 
 #include <csignal>
 #include <sys/resource.h>

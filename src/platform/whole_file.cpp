@@ -1,4 +1,4 @@
-#include "storage/whole_file.h"
+#include "platform/whole_file.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -7,6 +7,8 @@
 namespace snipdeck {
 
 namespace {
+
+constexpr qint64 kLargestFile = 1024LL * 1024 * 1024;
 
 Failure FailureOf(const QFileDevice& file) {
   Failure::Kind kind = Failure::Kind::Other;
@@ -28,9 +30,13 @@ Outcome WriteWholeFile(const QString& path, QByteArrayView contents) {
 }
 
 Result<QByteArray> ReadWholeFile(const QString& path) {
+  const QFileInfo info(path);
+  if (!info.exists()) return Failure{Failure::Kind::NotFound, QString()};
+  // Opening a pipe would wait for somebody to write into it.
+  if (!info.isFile() && !info.isDir()) return Failure{Failure::Kind::Refused, QStringLiteral("Not a file")};
   QFile file(path);
-  if (!file.exists()) return Failure{Failure::Kind::NotFound, QString()};
   if (!file.open(QIODevice::ReadOnly)) return FailureOf(file);
+  if (file.size() > kLargestFile) return Failure{Failure::Kind::TooLarge, QStringLiteral("The file is too large")};
   const QByteArray contents = file.readAll();
   if (file.error() != QFileDevice::NoError) return FailureOf(file);
   return contents;
