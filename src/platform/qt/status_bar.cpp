@@ -80,11 +80,24 @@ TXStatusBar::TXStatusBar(QWidget* parent) : ControlCompanion(parent), m_place(ne
   m_extent->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
 }
 
+void TXStatusBar::SetFieldLabels(const QStringList& labels) {
+  m_fieldLabels = labels;
+  ScheduleRefresh();
+}
+
+QString TXStatusBar::PlaceText(const CaretPlace& place) const {
+  if (m_fieldLabels.size() != 4)
+    return tr("Page %1   Line %2   Column %3").arg(place.page).arg(place.line).arg(place.column);
+  const int values[] = {place.line, place.column, 1, place.page};
+  QStringList fields;
+  for (qsizetype i = 0; i < 4; ++i) fields.append(m_fieldLabels[i] + QString::number(values[i]));
+  return fields.join(QStringLiteral("   "));
+}
+
 void TXStatusBar::Refresh() {
   const RichTextControl* const control = Control();
   const CaretPlace place = control ? CaretPlaceIn(*control) : CaretPlace();
-  m_place->setText(control ? tr("Page %1   Line %2   Column %3").arg(place.page).arg(place.line).arg(place.column)
-                           : QString());
+  m_place->setText(control ? PlaceText(place) : QString());
   m_extent->setText(control ? tr("Pages: %1   Zoom: %2 %").arg(PageCount(*control)).arg(control->ZoomValue())
                             : QString());
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QStringList>
+
 #include "platform/qt/control_companion.h"
 
 class QLabel;
@@ -26,11 +28,17 @@ class TXStatusBar : public ControlCompanion {
   explicit TXStatusBar(QWidget* parent = nullptr);
 
   TXStatusBar* WindowHandle() { return this; }
+  /// What stands before the caret's line, column, section and page, in this order, in place of the usual words. A text
+  /// is one section.
+  void SetFieldLabels(const QStringList& labels);
 
  protected:
   void Refresh() override;
 
  private:
+  QString PlaceText(const CaretPlace& place) const;
+
+  QStringList m_fieldLabels;
   QLabel* m_place;
   QLabel* m_extent;
 };
