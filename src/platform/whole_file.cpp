@@ -31,7 +31,7 @@ Outcome WriteWholeFile(const QString& path, QByteArrayView contents) {
 
 Result<QByteArray> ReadWholeFile(const QString& path) {
   const QFileInfo info(path);
-  if (!info.exists()) return Failure{Failure::Kind::NotFound, QString()};
+  if (!info.exists()) return Failure{Failure::Kind::NotFound, QStringLiteral("No such file or directory")};
   // Opening a pipe would wait for somebody to write into it.
   if (!info.isFile() && !info.isDir()) return Failure{Failure::Kind::Refused, QStringLiteral("Not a file")};
   QFile file(path);

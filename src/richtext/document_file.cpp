@@ -1,0 +1,95 @@
+#include "richtext/document_file.h"
+
+#include <algorithm>
+#include <array>
+
+#include <QTextDocument>
+
+#include "platform/whole_file.h"
+#include "richtext/html_reader.h"
+#include "richtext/html_writer.h"
+#include "richtext/rtf_reader.h"
+#include "richtext/rtf_writer.h"
+#include "richtext/text_decoder.h"
+#include "richtext/text_writer.h"
+
+namespace snipdeck {
+namespace {
+
+Result<RichText> ReadText(const QByteArray& bytes, const FileProgress&) {
+  return RichText::FromPlainText(DecodeText(bytes));
+}
+
+Result<RichText> ReadHtmlFile(const QByteArray& bytes, const FileProgress&) {
+  return RichText::FromHtml(bytes);
+}
+
+// RTF begins with its name; the reader itself would show any file as an empty text.
+Result<RichText> ReadRtfFile(const QByteArray& bytes, const FileProgress&) {
+  const QByteArrayView start = QByteArrayView(bytes).first(std::min<qsizetype>(bytes.size(), 4096));
+  if (!bytes.trimmed().isEmpty() && !start.contains("{\\rtf") && !start.contains("{\\urtf")) {
+    return Failure{Failure::Kind::Malformed, QStringLiteral("The file is not RTF.")};
+  }
+  return RichText::FromRtf(bytes, ReadFor::Document);
+}
+
+Result<QByteArray> WriteTextFile(const QTextDocument& document, const FileProgress&) {
+  return WriteText(document).toUtf8();
+}
+
+Result<QByteArray> WriteHtmlFile(const QTextDocument& document, const FileProgress&) {
+  return WriteHtml(document);
+}
+
+Result<QByteArray> WriteRtfFile(const QTextDocument& document, const FileProgress&) {
+  return WriteRtf(document);
+}
+
+struct Codec {
+  FileFormat format;
+  Result<RichText> (*read)(const QByteArray& bytes, const FileProgress& progress);
+  Result<QByteArray> (*write)(const QTextDocument& document, const FileProgress& progress);
+};
+
+constexpr std::array kCodecs = {
+    Codec{FileFormat::PlainText, ReadText, WriteTextFile},
+    Codec{FileFormat::Html, ReadHtmlFile, WriteHtmlFile},
+    Codec{FileFormat::Rtf, ReadRtfFile, WriteRtfFile},
+};
+
+const Codec* FindCodec(FileFormat format) {
+  const auto found =
+      std::find_if(kCodecs.begin(), kCodecs.end(), [format](const Codec& codec) { return codec.format == format; });
+  return found == kCodecs.end() ? nullptr : &*found;
+}
+
+Failure Unknown(FileFormat format) {
+  return {Failure::Kind::Unsupported, QStringLiteral("Files of format %1 are not known.").arg(static_cast<int>(format))};
+}
+
+}  // namespace
+
+Result<RichText> ReadDocumentBytes(const QByteArray& bytes, FileFormat format, const FileProgress& progress) {
+  const Codec* const codec = FindCodec(format);
+  return codec ? codec->read(bytes, progress) : Unknown(format);
+}
+
+Result<RichText> ReadDocumentFile(const QString& path, FileFormat format, const FileProgress& progress) {
+  const Result<QByteArray> bytes = ReadWholeFile(path);
+  if (!bytes) return bytes.Error();
+  return ReadDocumentBytes(bytes.Value(), format, progress);
+}
+
+Result<QByteArray> WriteDocumentBytes(const QTextDocument& document, FileFormat format, const FileProgress& progress) {
+  const Codec* const codec = FindCodec(format);
+  return codec ? codec->write(document, progress) : Unknown(format);
+}
+
+Outcome WriteDocumentFile(const QTextDocument& document, const QString& path, FileFormat format,
+                          const FileProgress& progress) {
+  const Result<QByteArray> bytes = WriteDocumentBytes(document, format, progress);
+  if (!bytes) return bytes.Error();
+  return WriteWholeFile(path, bytes.Value());
+}
+
+}  // namespace snipdeck
