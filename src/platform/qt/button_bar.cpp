@@ -3,11 +3,11 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QCompleter>
-#include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
 
+#include "platform/qt/font_families.h"
 #include "platform/qt/rich_text_control.h"
 
 namespace snipdeck {
@@ -32,16 +32,6 @@ constexpr AlignmentOf kAlignments[] = {{Glyph::AlignLeft, Qt::AlignLeft},
 // What the control draws the caret's text with: what the text leaves open comes from the control.
 QFont FontAtCaret(const RichTextControl& control) {
   return control.currentCharFormat().font().resolve(control.document()->defaultFont());
-}
-
-// Every family once: where several foundries make it, the system lists it once for each, with the maker in brackets.
-QStringList FamilyNames() {
-  QStringList names;
-  for (const QString& listed : QFontDatabase::families()) {
-    const QString name = listed.section(QStringLiteral(" ["), 0, 0);
-    if (!name.startsWith(u'[') && !names.contains(name)) names << name;
-  }
-  return names;
 }
 
 // An entry that the user is working in is left alone.
@@ -111,7 +101,7 @@ void TXButtonBar::AddButton(Glyph glyph, const QString& toolTip) {
 
 // The list of fonts is long, so it is not read before somebody can see it.
 void TXButtonBar::showEvent(QShowEvent* event) {
-  if (m_family->count() == 0) m_family->addItems(FamilyNames());
+  if (m_family->count() == 0) m_family->addItems(FontFamilyNames());
   ControlCompanion::showEvent(event);
 }
 

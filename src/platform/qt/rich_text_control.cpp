@@ -6,20 +6,25 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QFontDatabase>
+#include <QClipboard>
 #include <QContextMenuEvent>
+#include <QGuiApplication>
 #include <QImage>
-#include <QMenu>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QWheelEvent>
 
 #include "platform/qt/button_bar.h"
+#include "platform/qt/dialogs/find_replace_dialog.h"
+#include "platform/qt/dialogs/font_dialog.h"
+#include "platform/qt/dialogs/paragraph_dialog.h"
 #include "platform/qt/layout_pause.h"
 #include "platform/qt/endless_word.h"
 #include "platform/qt/rich_text_mime.h"
 #include "platform/qt/ruler.h"
 #include "platform/qt/status_bar.h"
+#include "platform/qt/text_menu.h"
 #include "platform/qt/zoomed_device.h"
 #include "richtext/clipboard_text.h"
 #include "richtext/format_properties.h"
@@ -299,6 +304,12 @@ void RichTextControl::Paste() {
   ensureCursorVisible();
 }
 
+void RichTextControl::PastePlainText() {
+  if (!CanPaste()) return;
+  SetSelText(m_pasteSource ? m_pasteSource->Text() : QGuiApplication::clipboard()->text());
+  ensureCursorVisible();
+}
+
 void RichTextControl::keyPressEvent(QKeyEvent* event) {
   if (!event->matches(QKeySequence::Paste)) return QTextEdit::keyPressEvent(event);
   Paste();
@@ -307,22 +318,19 @@ void RichTextControl::keyPressEvent(QKeyEvent* event) {
 
 // Of our own, since Qt's asks the clipboard's owner whether there is something to paste, and waits.
 void RichTextControl::contextMenuEvent(QContextMenuEvent* event) {
-  QMenu menu(this);
-  const bool canEdit = !isReadOnly();
-  const bool hasSelection = textCursor().hasSelection();
-  const auto add = [&menu, this](const QString& caption, bool enabled, auto slot) {
-    menu.addAction(caption, this, slot)->setEnabled(enabled);
-  };
-  add(tr("&Undo"), canEdit && document()->isUndoAvailable(), &QTextEdit::undo);
-  add(tr("&Redo"), canEdit && document()->isRedoAvailable(), &QTextEdit::redo);
-  menu.addSeparator();
-  add(tr("Cu&t"), canEdit && hasSelection, &QTextEdit::cut);
-  add(tr("&Copy"), hasSelection, &QTextEdit::copy);
-  add(tr("&Paste"), CanPaste(), [this] { Paste(); });
-  add(tr("&Delete"), canEdit && hasSelection, [this] { textCursor().removeSelectedText(); });
-  menu.addSeparator();
-  add(tr("Select &all"), !document()->isEmpty(), &QTextEdit::selectAll);
-  menu.exec(event->globalPos());
+  ShowTextMenu(*this, event->globalPos());
+}
+
+void RichTextControl::FontDialog() {
+  RunFontDialog(*this);
+}
+
+void RichTextControl::ParagraphDialog() {
+  RunParagraphDialog(*this);
+}
+
+void RichTextControl::FindReplaceDialog(int mode) {
+  if (mode == 1 || mode == 2) TextFindDialog::Open(*this, mode == 2);
 }
 
 int RichTextControl::ControlOption(int index) const {
@@ -417,6 +425,13 @@ void RichTextControl::mousePressEvent(QMouseEvent* event) {
   emit Activity();
 }
 
+// Text that is dragged away leaves while the mouse still moves.
+void RichTextControl::mouseMoveEvent(QMouseEvent* event) {
+  const int before = document()->revision();
+  QTextEdit::mouseMoveEvent(event);
+  if (document()->revision() != before) emit Edited();
+}
+
 void RichTextControl::wheelEvent(QWheelEvent* event) {
   if (event->modifiers() != Qt::ControlModifier) return QTextEdit::wheelEvent(event);
   const int turned = event->angleDelta().y();
@@ -466,6 +481,7 @@ void RichTextControl::insertFromMimeData(const QMimeData* source) {
   if (isReadOnly()) return;
   if (const auto text = RichTextFromMime(*source)) SetSelRichText(*text);
   ensureCursorVisible();
+  emit Edited();
 }
 
 }  // namespace snipdeck

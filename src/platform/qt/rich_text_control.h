@@ -74,6 +74,17 @@ class RichTextControl : public QTextEdit {
   void SetPasteSource(const Clipboard* source) { m_pasteSource = source; }
   /// 1 cut, 2 copy, 3 paste; any other number does nothing.
   void ClipboardAction(int action);
+  /// Whether there is a text to paste, and this control takes it.
+  bool CanPaste() const;
+  /// Pastes the words alone: they look like what stands before them.
+  void PastePlainText();
+
+  /// Dialogs on the characters and the paragraphs of the selection; they return when they are closed.
+  void FontDialog();
+  void ParagraphDialog();
+  /// 1 find, 2 replace; any other number does nothing. Returns at once: the dialog stays open beside the text until it is
+  /// closed, or this control is hidden.
+  void FindReplaceDialog(int mode);
 
   /// 0 normal, 2 page view; kept as given.
   int ViewMode() const { return m_viewMode; }
@@ -110,12 +121,15 @@ class RichTextControl : public QTextEdit {
  signals:
   /// The user works in this control: it received the focus or a click.
   void Activity();
+  /// The user has changed the text by other means than keys: the context menu, a dialog, or dragging.
+  void Edited();
   void ZoomChanged(int percent);
 
  protected:
   void contextMenuEvent(QContextMenuEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void hideEvent(QHideEvent* event) override;
@@ -129,7 +143,6 @@ class RichTextControl : public QTextEdit {
   void PlaceAnew();
   void ApplyPalette();
   void Paste();
-  bool CanPaste() const;
   void BreakEndlessWords(const QString& text);
   void BreakEndlessWords(const RichText& text);
   int LastPosition() const;
