@@ -127,11 +127,6 @@ int RtfFormats::Paragraph(const ParagraphState& state, const RtfListItem& item) 
   return index;
 }
 
-int RtfFormats::AddList(const QTextListFormat& format) {
-  m_formats.lists.push_back(format);
-  return static_cast<int>(m_formats.lists.size()) - 1;
-}
-
 int RtfFormats::AddLink(const QString& target) {
   if (target.isEmpty()) return 0;
   if (m_links.isEmpty() || m_links.last() != target) m_links.append(target);

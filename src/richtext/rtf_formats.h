@@ -29,7 +29,7 @@ class RtfFormats {
   /// Index of a format that is used once, as that of a picture.
   int AddCharacter(const QTextCharFormat& format);
   int Paragraph(const ParagraphState& state, const RtfListItem& item);
-  int AddList(const QTextListFormat& format);
+  std::vector<QTextListFormat>& Lists() { return m_formats.lists; }
   /// 1 + index of the link, to be kept in CharacterState.
   int AddLink(const QString& target);
   void SetStyleName(bool ofParagraph, int number, const QString& name);

@@ -153,7 +153,8 @@ RtfListItem RtfListNumbering::Join(Run& run, const Label& label, int number, int
     if (id) format.setProperty(kListId, id);
     format.setProperty(kListLevel, level);
     if (number != 1) format.setProperty(kListStart, number);
-    run.list = m_formats.AddList(format);
+    m_formats.push_back(format);
+    run.list = static_cast<int>(m_formats.size()) - 1;
     run.count = 0;
   }
   ++run.count;

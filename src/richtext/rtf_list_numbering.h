@@ -10,7 +10,9 @@ namespace snipdeck {
 /// Counts the items of all lists while the text is read, and says how each paragraph joins a list of Qt's.
 class RtfListNumbering {
  public:
-  RtfListNumbering(const RtfListTable& lists, RtfFormats& formats) : m_lists(lists), m_formats(formats) {}
+  /// `formats` gets Qt's lists; their numbers count through it.
+  RtfListNumbering(const ListDefinitions& lists, std::vector<QTextListFormat>& formats)
+      : m_lists(lists), m_formats(formats) {}
 
   /// `shown` is the label that the stream wrote out for readers without lists. The item has no list when the stream
   /// does not define the paragraph's; the label is text then.
@@ -40,8 +42,8 @@ class RtfListNumbering {
   Label LabelOf(const RtfList& list, int level, const Counters& counters) const;
   RtfListItem Join(Run& run, const Label& label, int number, int level, int id);
 
-  const RtfListTable& m_lists;
-  RtfFormats& m_formats;
+  const ListDefinitions& m_lists;
+  std::vector<QTextListFormat>& m_formats;
   QHash<qint64, Counters> m_counters;
   int m_items = 0;
   RtfOldNumbering m_oldNumbering;

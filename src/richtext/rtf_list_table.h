@@ -27,13 +27,21 @@ struct RtfList {
   std::array<RtfListLevel, kListLevels> levels;
 };
 
-/// The list table and the list override table, as one destination.
-class RtfListTable : public RtfDestination {
+/// The lists that a text defines, by the number that its paragraphs use.
+class ListDefinitions {
  public:
-  /// The list that \ls names, with its overrides; null when the tables do not have it.
-  const RtfList* Find(int overrideNumber) const;
-  /// Whether the override begins to count anew.
-  bool Restarts(int overrideNumber) const;
+  virtual ~ListDefinitions() = default;
+  /// The list of a number, with what the number changes about it; null when there is none.
+  virtual const RtfList* Find(int number) const = 0;
+  /// Whether the number begins to count anew.
+  virtual bool Restarts(int number) const = 0;
+};
+
+/// The list table and the list override table, as one destination.
+class RtfListTable : public RtfDestination, public ListDefinitions {
+ public:
+  const RtfList* Find(int overrideNumber) const override;
+  bool Restarts(int overrideNumber) const override;
   /// Where the groups \leveltext go.
   QString& LevelText();
 

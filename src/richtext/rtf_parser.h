@@ -96,7 +96,7 @@ class RtfParser {
   RtfFormats m_formats{m_fonts, m_colours};
   RtfStyles m_styles{*this};
   RtfListTable m_lists;
-  RtfListNumbering m_numbering{m_lists, m_formats};
+  RtfListNumbering m_numbering{m_lists, m_formats.Lists()};
   std::deque<RtfRows> m_rows;
   RtfFields m_fields{m_formats};
   RtfNotes m_notes;
