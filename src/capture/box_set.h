@@ -10,6 +10,7 @@
 #include "platform/qt/rich_text_control.h"
 #include "platform/units.h"
 #include "richtext/rich_text.h"
+#include "richtext/staged_text.h"
 
 class QLabel;
 
@@ -19,18 +20,6 @@ inline constexpr int kBoxCount = 12;
 /// Every box, and the box of the latest capture: a faint yellow.
 inline constexpr OleColour kBoxColour = OleFromRgb(255, 255, 255);
 inline constexpr OleColour kLatestBoxColour = OleFromRgb(255, 255, 247);
-
-/// The text that a capture is staged in before it is filed: formatted text that also knows itself as plain text.
-class StagedText {
- public:
-  void SetText(const QString& text) { m_text = RichText::FromPlainText(text); }
-  void SetSelRtf(const RichText& text) { m_text = text; }
-  QString Text() const { return m_text.PlainText(); }
-  const RichText& SelRtf() const { return m_text; }
-
- private:
-  RichText m_text;
-};
 
 /// The twelve capture boxes, the cumulative box and the large view, with what the main window remembers about them.
 class BoxSet : public QObject {
@@ -61,6 +50,8 @@ class BoxSet : public QObject {
   TextPanel* Frame1;
   TextPanel* Frame2;
   StagedText txtView;
+  /// What the user retrieved from the clipboard, on its way into a box.
+  StagedText WhichTXControl;
   QLabel* lblFormats;
   QLabel* lblFormat;
 

@@ -3,7 +3,10 @@
 namespace snipdeck {
 
 std::optional<RichText> FormattedText(const Clipboard& clipboard) {
-  const RichTextPayload payload = clipboard.RichText();
+  return FormattedText(clipboard.RichText());
+}
+
+std::optional<RichText> FormattedText(const RichTextPayload& payload) {
   if (payload.encoding == RichTextPayload::Encoding::None) return {};
   if (payload.encoding == RichTextPayload::Encoding::Rtf) return RichText::FromRtf(payload.bytes);
   const RichText text = RichText::FromHtml(payload.bytes);
