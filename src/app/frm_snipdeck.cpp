@@ -10,6 +10,7 @@
 #include "app/menu_builder.h"
 #include "app/program_folder.h"
 #include "layout/main_window_layout.h"
+#include "layout/place_beside.h"
 #include "navigation/sidebar_rows.h"
 #include "platform/units.h"
 
@@ -35,8 +36,8 @@ frmSnipdeck::frmSnipdeck(const MainWindowServices& services)
       m_programs({services.files, services.shell, services.windows, services.messages},
                  ProgramSearch(services.files, services.ownFolder, QDir::separator()), m_settings),
       m_capture(*m_boxes, services.clipboard, m_settings.startWithCumulative),
-      m_interaction(*m_boxes),
-      m_views(*m_boxes),
+      m_interaction(*m_boxes, services.messages, m_settings.storageFolder, HostOfBoxes()),
+      m_views(*m_boxes, services.messages),
       m_settingsFile(FileInFolder(services.folder, QString::fromLatin1(kSettingsFileName)), m_settings,
                      services.messages),
       m_storedBoxes(*m_boxes),
@@ -84,6 +85,23 @@ SidebarHost frmSnipdeck::Host() {
           .switchFocus = [this] { m_focusSwitch.SwitchFocus(); }};
 }
 
+BoxHost frmSnipdeck::HostOfBoxes() {
+  return {.switchFocus = [this] { m_focusSwitch.SwitchFocus(); },
+          .showClipboard =
+              [this] {
+                if (const CommandHandler handler = EntryCommand("mnuClipStyles")) (this->*handler)();
+              },
+          .nextSidebarWidth = [this] { mnuViewSideBarWidth_Click(); },
+          .placeLeft =
+              [this](std::int16_t fill) {
+                PlaceLeftOf(m_services.screen.Area(), m_services.messages, m_geometry, m_geometry, fill);
+              },
+          .placeRight =
+              [this](std::int16_t fill) {
+                PlaceRightOf(m_services.screen.Area(), m_services.messages, m_geometry, m_geometry, fill);
+              }};
+}
+
 void frmSnipdeck::BuildSidebar() {
   m_sidebar->Fill();
   m_sidebar->SetHandPointer(LoadHandPointer(m_services.folder));
@@ -112,6 +130,22 @@ void frmSnipdeck::SetTabOrder() {
 
 void frmSnipdeck::ctlClipboard1_Changed() {
   m_recovery.WhileCapturing([this] { m_capture.ProcessClipboard(); });
+}
+
+void frmSnipdeck::mnuAllInOne_Click() {
+  m_views.ShowAllInOne();
+}
+
+void frmSnipdeck::mnuCopyOneBox_Click() {
+  m_views.CopyOneBox();
+}
+
+void frmSnipdeck::mnuEmpty_Click() {
+  m_views.EmptyAllBoxes();
+}
+
+void frmSnipdeck::mnuHelp_Click() {
+  m_interaction.ShowBriefHelp();
 }
 
 void frmSnipdeck::mnuCumulative_Click() {

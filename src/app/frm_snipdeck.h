@@ -55,9 +55,13 @@ class frmSnipdeck : public QMainWindow {
   /// Once, before the window is shown.
   void Form_Load();
   void ctlClipboard1_Changed();
+  void mnuAllInOne_Click();
+  void mnuCopyOneBox_Click();
   void mnuCumulative_Click();
+  void mnuEmpty_Click();
   void mnuExit_Click();
   void mnuExplorer_Click();
+  void mnuHelp_Click();
   void mnuSaveTextBoxes_Click();
   void mnuTrawler_Click();
   void mnuViewBoxLarge_Click();
@@ -92,6 +96,7 @@ class frmSnipdeck : public QMainWindow {
   void KeepMinimumSize();
   MainWindowParts Parts();
   SidebarHost Host();
+  BoxHost HostOfBoxes();
 
   MainWindowServices m_services;
   Settings m_settings;

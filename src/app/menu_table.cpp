@@ -1,7 +1,5 @@
 #include "app/menu_table.h"
 
-#include <string_view>
-
 #include "app/frm_snipdeck.h"
 
 namespace snipdeck {
@@ -53,13 +51,13 @@ constexpr Command kEditEntries[] = {
      "&All boxes in one",
      "F12",
      "all-in-one",
-     nullptr,
+     &F::mnuAllInOne_Click,
      {16, "cmdAllInOne", "Contents of all boxes in one text window"}},
     {"mnuCopyOneBox",
      "&Copy one box contents",
      "Ctrl+F12",
      "copy-box",
-     nullptr,
+     &F::mnuCopyOneBox_Click,
      {17, "cmdCopyOneBox", "Copy one box contents to Windows clipboard"}},
     {},
     {"mnuCumulative", "&View cumulative clipboard", "Ctrl+Y", "My docs 32", &F::mnuCumulative_Click},
@@ -71,7 +69,7 @@ constexpr Command kEditEntries[] = {
      {15, "cmdViewBoxLarge", "Toggle full screen for box contents"}},
     {"mnuClipStyles", "&Windows clipboard", "F6", "Paste", nullptr, {3, "cmdClip", "Show Windows clipboard"}},
     {},
-    {"mnuEmpty", "Empt&y all boxes", "Ctrl+M"},
+    {"mnuEmpty", "Empt&y all boxes", "Ctrl+M", nullptr, &F::mnuEmpty_Click},
 };
 
 constexpr Command kViewEntries[] = {
@@ -104,7 +102,7 @@ constexpr Command kMiscEntries[] = {
     {"mnuTopicalNotes", "&Topical notes", "F1", "Writer"},
     {"mnuNewTextFile", "&New text file", "Ctrl+N"},
     {},
-    {"mnuHelp", "Brief &help", "Shift+F1"},
+    {"mnuHelp", "Brief &help", "Shift+F1", nullptr, &F::mnuHelp_Click},
     {"mnuSettings", "&Settings", "F3", "settings", nullptr, {14, "cmdSettings", "Determine program settings"}},
     {},
     {"mnuTrawler",
@@ -160,15 +158,6 @@ constexpr RowCommand kRowCommands[] = {
     {"mnuExit"},
 };
 
-CommandHandler HandlerOfEntry(std::string_view name) {
-  for (const Menu& menu : kMenus) {
-    for (const Command& command : menu.entries) {
-      if (command.entry && command.entry == name) return command.handler;
-    }
-  }
-  return nullptr;
-}
-
 }  // namespace
 
 std::span<const Menu> MainMenus() {
@@ -179,10 +168,19 @@ std::span<const Command> ButtonCommands() {
   return kButtonCommands;
 }
 
+CommandHandler EntryCommand(std::string_view name) {
+  for (const Menu& menu : kMenus) {
+    for (const Command& command : menu.entries) {
+      if (command.entry && command.entry == name) return command.handler;
+    }
+  }
+  return nullptr;
+}
+
 CommandHandler SidebarCommand(int row) {
   if (row < 1 || row > static_cast<int>(std::size(kRowCommands))) return nullptr;
   const RowCommand& command = kRowCommands[row - 1];
-  return command.own ? command.own : HandlerOfEntry(command.entry);
+  return command.own ? command.own : EntryCommand(command.entry);
 }
 
 }  // namespace snipdeck

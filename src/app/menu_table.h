@@ -1,6 +1,7 @@
 #pragma once
 
 #include <span>
+#include <string_view>
 
 namespace snipdeck {
 
@@ -45,6 +46,8 @@ inline constexpr int kTopRowButtonCount = 18;
 std::span<const Menu> MainMenus();
 /// Commands that have a button only.
 std::span<const Command> ButtonCommands();
+/// What the menu entry of that name runs; null where nothing does.
+CommandHandler EntryCommand(std::string_view name);
 /// What a row of the sidebar runs, 1 to 13; null where nothing does yet.
 CommandHandler SidebarCommand(int row);
 

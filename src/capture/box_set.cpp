@@ -1,5 +1,7 @@
 #include "capture/box_set.h"
 
+#include <algorithm>
+
 #include <QCoreApplication>
 #include <QLabel>
 
@@ -43,6 +45,11 @@ void BoxSet::SetPasteSource(const Clipboard& source) {
   for (TextPanel* panel : {Frame1, Frame2}) panel->TextControl().SetPasteSource(&source);
 }
 
+int BoxSet::NumberOf(const RichTextControl& control) const {
+  const auto found = std::find(m_boxes.begin(), m_boxes.end(), &control);
+  return found == m_boxes.end() ? 0 : static_cast<int>(found - m_boxes.begin()) + 1;
+}
+
 QString BoxSet::BoxCaption(int n) {
   return QStringLiteral(" Text box %1 ").arg(n);
 }
@@ -54,6 +61,7 @@ bool BoxSet::PanelIsShown() const {
 void BoxSet::OpenBoxInLargeView(int n) {
   if (PanelIsShown()) return ShowLeaveLargeView();
   Frame1->show();
+  Frame1->raise();
   HideAllBoxes();
   if (n >= 1 && n <= kBoxCount) {
     RichTextControl& box = Box(n);
@@ -61,6 +69,8 @@ void BoxSet::OpenBoxInLargeView(int n) {
     box.SetSelLength(-1);
     TXTextControl1().SetText(QString());
     TXTextControl1().SetSelRichText(box.SelRichText());
+    TXTextControl1().ClearUndoHistory();
+    LargeViewHoldsAll = false;
     Frame1->SetCaption(BoxCaption(n));
     FocusedBox = static_cast<std::int16_t>(n);
     box.SetSelLength(0);
@@ -75,6 +85,12 @@ void BoxSet::ShowAllBoxes() {
 
 void BoxSet::HideAllBoxes() {
   for (RichTextControl* box : m_boxes) box->hide();
+}
+
+void BoxSet::FocusText() {
+  for (TextPanel* panel : {Frame2, Frame1})
+    if (panel->isVisible()) return panel->TextControl().setFocus();
+  Box(FocusedBox >= 1 && FocusedBox <= kBoxCount ? FocusedBox : 1).setFocus();
 }
 
 void BoxSet::ShowLeaveLargeView() {

@@ -33,6 +33,8 @@ class BoxSet : public QObject {
   void SetPasteSource(const Clipboard& source);
   /// Box n, 1 to 12.
   RichTextControl& Box(int n) { return *m_boxes[static_cast<size_t>(n - 1)]; }
+  /// 1 to 12, or 0 for a control that is none of the boxes.
+  int NumberOf(const RichTextControl& control) const;
   RichTextControl& TXTextControl1() { return Frame1->TextControl(); }
   RichTextControl& TXTextControl2() { return Frame2->TextControl(); }
 
@@ -42,6 +44,8 @@ class BoxSet : public QObject {
   void ShowAllBoxes();
   void HideAllBoxes();
   bool PanelIsShown() const;
+  /// Gives the keyboard to the text that is seen: a panel's, or that of the box last worked in.
+  void FocusText();
   void ShowLeaveLargeView();
   void ShowNeedsLargeView();
   /// " Text box 1 " to " Text box 12 ".
@@ -59,6 +63,8 @@ class BoxSet : public QObject {
   std::int16_t CurrentBox = 0;
   /// Box that the user last worked in or enlarged, 1 to 12; 0 at start.
   std::int16_t FocusedBox = 0;
+  /// The large view holds the texts of all boxes instead of one.
+  bool LargeViewHoldsAll = false;
   /// The user changed the text of a box.
   bool BoxesAltered = false;
   /// Entry n is what a capture last filed into box n; entry 0 stays empty.

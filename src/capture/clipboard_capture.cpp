@@ -1,10 +1,10 @@
 #include "capture/clipboard_capture.h"
 
+#include "capture/last_paragraph.h"
 #include "richtext/clipboard_text.h"
 
 #include <QApplication>
 #include <QLabel>
-#include <QTextCursor>
 
 namespace snipdeck {
 
@@ -15,14 +15,6 @@ void FocusIfShown(RichTextControl& control) {
   const QWidget* focused = QApplication::focusWidget();
   const bool typingElsewhere = focused && focused != &control && focused->testAttribute(Qt::WA_InputMethodEnabled);
   if (control.isVisible() && !typingElsewhere) control.setFocus();
-}
-
-/// What ended with a list item or a centred line must not make the next capture one.
-void ResetLastParagraph(RichTextControl& control) {
-  QTextCursor end(control.document());
-  end.movePosition(QTextCursor::End);
-  end.setBlockFormat(QTextBlockFormat());
-  end.setBlockCharFormat(QTextCharFormat());
 }
 
 }  // namespace

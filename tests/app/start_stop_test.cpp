@@ -47,7 +47,7 @@ class StartStopTest : public QObject {
     FakeScreen screen;
     Settings settings;
     BoxSet& boxes = *new BoxSet(window, messages);
-    CombinedViews views{boxes};
+    CombinedViews views{boxes, messages};
     SettingsFile settingsFile{settingsPath, settings, messages};
     StoredBoxSet stored{boxes};
     BoxStorage storage{stored, messages, settings.storageFolder};

@@ -2,9 +2,7 @@
 
 #include <QTest>
 
-#include "capture/box_interaction.h"
-#include "capture/combined_views.h"
-#include "fakes/scripted_messages.h"
+#include "capture/box_stage.h"
 
 namespace snipdeck {
 
@@ -17,24 +15,9 @@ constexpr char kLeaveLargeView[] = "Exit full screen mode [F5] and return to tex
 class BoxSetTest : public QObject {
   Q_OBJECT
 
-  struct Fixture {
-    QWidget window;
-    ScriptedMessages messages;
-    BoxSet& boxes = *new BoxSet(window, messages);
-    BoxInteraction interaction{boxes};
-    CombinedViews views{boxes};
-
-    Fixture() {
-      window.resize(800, 700);
-      window.show();
-      QVERIFY(QTest::qWaitForWindowExposed(&window));
-      boxes.Box(3).SetSelRtf("{\\rtf1 some {\\b bold} text}");
-    }
-  };
-
  private slots:
   void OpeningShowsAFormattedCopy() {
-    Fixture f;
+    BoxStage f;
     f.boxes.OpenBoxInLargeView(3);
     QVERIFY(f.boxes.Frame1->isVisible());
     QVERIFY(!f.boxes.Box(1).isVisible() && !f.boxes.Box(12).isVisible());
@@ -48,7 +31,7 @@ class BoxSetTest : public QObject {
   }
 
   void OpeningWhileAPanelIsShownIsRefused() {
-    Fixture f;
+    BoxStage f;
     f.views.ToggleCumulative();
     f.messages.Expect(kLeaveLargeView);
     const std::int16_t focused = f.boxes.FocusedBox;
@@ -58,7 +41,7 @@ class BoxSetTest : public QObject {
   }
 
   void AnEmptyBoxShowsAnEmptyLargeView() {
-    Fixture f;
+    BoxStage f;
     f.boxes.OpenBoxInLargeView(3);
     f.interaction.ToggleFullScreen();
     f.boxes.OpenBoxInLargeView(4);
@@ -67,7 +50,7 @@ class BoxSetTest : public QObject {
   }
 
   void TheFullScreenKeyOpensTheBoxLastWorkedIn() {
-    Fixture f;
+    BoxStage f;
     f.boxes.Box(3).setFocus();
     f.interaction.ToggleFullScreen();
     QCOMPARE(f.boxes.Frame1->Caption(), QString(" Text box 3 "));
@@ -78,7 +61,7 @@ class BoxSetTest : public QObject {
   }
 
   void CtrlClickEnlargesAndWritesBack() {
-    Fixture f;
+    BoxStage f;
     f.boxes.Box(3).resize(200, 80);
     QTest::mouseClick(f.boxes.Box(3).viewport(), Qt::LeftButton, Qt::ControlModifier);
     QVERIFY(f.boxes.Frame1->isVisible());

@@ -141,7 +141,7 @@ class ClipboardCaptureTest : public QObject {
     f.CopyText("x");
     QVERIFY(f.boxes.Box(5).hasFocus());
 
-    CombinedViews(f.boxes).ToggleCumulative();
+    CombinedViews(f.boxes, f.messages).ToggleCumulative();
     f.boxes.lblFormat->setFocusPolicy(Qt::StrongFocus);
     f.boxes.lblFormat->setFocus();
     f.CopyText("y");
