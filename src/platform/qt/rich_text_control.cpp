@@ -21,6 +21,8 @@
 #include "platform/qt/dialogs/paragraph_dialog.h"
 #include "platform/qt/layout_pause.h"
 #include "platform/qt/endless_word.h"
+#include "platform/qt/page_view/page_view.h"
+#include "platform/qt/printing/page_printing.h"
 #include "platform/qt/rich_text_mime.h"
 #include "platform/qt/ruler.h"
 #include "platform/qt/status_bar.h"
@@ -95,6 +97,7 @@ RichTextControl::RichTextControl(QWidget* parent)
 }
 
 RichTextControl::~RichTextControl() {
+  m_pageView.reset();
   document()->documentLayout()->setPaintDevice(viewport());
 }
 
@@ -311,6 +314,7 @@ void RichTextControl::PastePlainText() {
 }
 
 void RichTextControl::keyPressEvent(QKeyEvent* event) {
+  if (m_pageView && m_pageView->TurnPage(*event)) return event->accept();
   if (!event->matches(QKeySequence::Paste)) return QTextEdit::keyPressEvent(event);
   Paste();
   event->accept();
@@ -372,7 +376,8 @@ void RichTextControl::SetZoomValue(int percent) {
   if (zoom == m_zoomValue) return;
   m_zoomValue = zoom;
   m_zoomedDevice->SetPercent(zoom);
-  document()->markContentsDirty(0, document()->characterCount());
+  if (m_pageView) m_pageView->Refit();
+  else document()->markContentsDirty(0, document()->characterCount());
   emit ZoomChanged(zoom);
 }
 
@@ -443,6 +448,7 @@ void RichTextControl::wheelEvent(QWheelEvent* event) {
 // lines of a hidden control, so the work is put off until it is shown; finished lines are kept.
 void RichTextControl::hideEvent(QHideEvent* event) {
   QTextEdit::hideEvent(event);
+  if (m_pageView) return;
   const bool allPlaced = document()->lastBlock().layout()->lineCount() > 0;
   if (!allPlaced) document()->setPageSize(QSizeF(0, 0));
 }
@@ -450,6 +456,7 @@ void RichTextControl::hideEvent(QHideEvent* event) {
 // Placing the lines of twelve texts anew takes far longer than moving twelve controls. It waits until all of them have
 // their places, and several resizes in a row cost it once.
 void RichTextControl::resizeEvent(QResizeEvent* event) {
+  if (m_pageView) return QAbstractScrollArea::resizeEvent(event);
   if (m_isPlacing || !isVisible() || document()->isEmpty()) return QTextEdit::resizeEvent(event);
   if (m_placedFor) return;
   m_placedFor = event->oldSize();
@@ -459,6 +466,7 @@ void RichTextControl::resizeEvent(QResizeEvent* event) {
 void RichTextControl::PlaceAnew() {
   QResizeEvent resized(viewport()->size(), *m_placedFor);
   m_placedFor.reset();
+  if (m_pageView) return;
   m_isPlacing = true;
   QTextEdit::resizeEvent(&resized);
   m_isPlacing = false;

@@ -8,12 +8,18 @@
 #include <QTextEdit>
 
 #include "platform/clipboard.h"
+#include "platform/page_geometry.h"
 #include "platform/result.h"
 #include "platform/units.h"
+#include "richtext/file_format.h"
 #include "richtext/rich_text.h"
 
 namespace snipdeck {
 
+class MessageBox;
+class PagedCopy;
+class PageView;
+class PrintJob;
 class TXButtonBar;
 class TXRuler;
 class TXStatusBar;
@@ -86,9 +92,10 @@ class RichTextControl : public QTextEdit {
   /// closed, or this control is hidden.
   void FindReplaceDialog(int mode);
 
-  /// 0 normal, 2 page view; kept as given.
+  /// 0 normal, 2 page view: the text on sheets of the document's size, broken where printing breaks it. The caret and
+  /// what is seen stay where they are when the view changes. Any other number shows the normal view.
   int ViewMode() const { return m_viewMode; }
-  void SetViewMode(int mode) { m_viewMode = mode; }
+  void SetViewMode(int mode);
   int PageDisplayOption() const { return m_pageDisplayOption; }
   void SetPageDisplayOption(int option) { m_pageDisplayOption = option; }
   /// Indexed numbers of the host, 0 to 15; an index out of range reads 0 and writes nothing.
@@ -107,6 +114,53 @@ class RichTextControl : public QTextEdit {
   int ZoomValue() const { return m_zoomValue; }
   void SetZoomValue(int percent);
 
+  /// The document's page in twips, also saved with it. Setting is one undo step; sizes that leave no room for text are
+  /// widened. The margins are 0 left, 1 top, 2 right, 3 bottom.
+  PageGeometry Page() const;
+  void SetPage(const PageGeometry& page);
+  int PageWidth() const { return Page().width; }
+  void SetPageWidth(int twips);
+  int PageHeight() const { return Page().height; }
+  void SetPageHeight(int twips);
+  int PageMargins(int side) const;
+  void SetPageMargins(int side, int twips);
+  /// Printed pages, 1 or more.
+  int PageCount() const;
+  /// The job that PrintPage draws on; null for none. Not owned.
+  void SetPrintDevice(PrintJob* job);
+  /// Draws a page, from 1, on the print device as page view shows it, on a sheet that was begun. A number out of range
+  /// draws nothing.
+  void PrintPage(int page);
+  /// Modal dialog on the document's page; the argument is ignored.
+  void PageSetupDialog(int page);
+
+  /// Modal dialogs; each is one undo step, and none when it is cancelled.
+  void InsertTableDialog();
+  void TableAttributesDialog();
+  void BulletsDialog();
+  /// A number above 0 that names the innermost table with the caret; 0 outside, and when several cells are selected.
+  int TableAtCaret() const;
+  /// Inserts a frame for text of its own at the caret, which goes on inside it; gives the frame's number for
+  /// TextFrameAttribute. The arguments say how it is anchored and where; a frame always stands in the text.
+  int TextFrameInsert(int kind, int anchor, int position);
+  /// Attributes of a frame: 2 its border (0 none, 3 a line all around), 9 to 12 the distance of the text from it on the
+  /// left, top, right and bottom in twips. Unknown ones read 0 and write nothing, and so does a frame that is gone.
+  int TextFrameAttribute(int frame, int kind, int anchor, int index) const;
+  void SetTextFrameAttribute(int frame, int kind, int anchor, int index, int value);
+
+  /// Replace the whole contents by those of a file, or write them to one, which is then replaced as a whole. The number
+  /// is ignored. A load leaves the caret at the start and no undo steps; a failure leaves text and file as they were and
+  /// is reported.
+  Outcome LoadFile(const QString& path, int position, FileFormat format);
+  Outcome SaveFile(const QString& path, int position, FileFormat format);
+  /// Numbers that travel with a file, 0 to 63: 0 page width, 1 height, 2 to 5 the margins as in PageMargins, in twips.
+  /// After a load they are what the file says, 0 where it says nothing; a save writes those that are above 0. Others are
+  /// kept as given.
+  int LoadSaveAttribute(int index) const;
+  void SetLoadSaveAttribute(int index, int value);
+  /// Where the control shows that a load or save failed; null, as it is made, for nowhere. Outlives the control.
+  void SetMessages(MessageBox* messages) { m_messages = messages; }
+
   /// Forgets all undo and redo steps.
   void ClearUndoHistory();
 
@@ -117,6 +171,7 @@ class RichTextControl : public QTextEdit {
 
   /// Pictures come from data: addresses and from what the document already holds; nothing is fetched or opened.
   QVariant loadResource(int type, const QUrl& name) override;
+  QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
  signals:
   /// The user works in this control: it received the focus or a click.
@@ -124,6 +179,11 @@ class RichTextControl : public QTextEdit {
   /// The user has changed the text by other means than keys: the context menu, a dialog, or dragging.
   void Edited();
   void ZoomChanged(int percent);
+  /// A load or save failed. The description names path and reason, and ends with "(1d09)" for a save. A receiver that
+  /// clears `isShown` keeps the control from showing it.
+  void Error(int number, const QString& description, bool* isShown);
+  /// Another view mode, or page view shows another part of the sheets.
+  void ViewChanged();
 
  protected:
   void contextMenuEvent(QContextMenuEvent* event) override;
@@ -141,11 +201,17 @@ class RichTextControl : public QTextEdit {
 
  private:
   void PlaceAnew();
+  void PlaceLines();
+  void ScrollLineTo(int position, double offset);
+  void ShowPages();
+  void ShowLines();
   void ApplyPalette();
   void Paste();
   void BreakEndlessWords(const QString& text);
   void BreakEndlessWords(const RichText& text);
   int LastPosition() const;
+  Outcome SaveTo(const QString& path, FileFormat format);
+  void ReportFailure(int number, const QString& description);
   void PlaceCaret(const QTextCursor& cursor, bool inView);
   bool SelectionHas(bool (*attribute)(const QTextCharFormat&)) const;
 
@@ -154,8 +220,24 @@ class RichTextControl : public QTextEdit {
   bool m_isPlacing = false;
   const Clipboard* m_pasteSource = nullptr;
   int m_viewMode = 0;
+  /// Where the normal view was scrolled to when page view took its place, and what was so then.
+  struct LineScroll {
+    int value = 0;
+    int inPages = 0;
+    int revision = 0;
+    int zoom = 100;
+
+    bool operator==(const LineScroll&) const = default;
+  };
+  LineScroll m_lineScroll;
+  std::unique_ptr<PageView> m_pageView;  ///< null in the normal view
+  PrintJob* m_printDevice = nullptr;
+  std::unique_ptr<PagedCopy> m_printCopy;  ///< what is printed when the control shows it in another way
+  int m_printRevision = 0;
   int m_pageDisplayOption = 0;
   std::array<int, 16> m_controlOptions{};
+  std::array<int, 64> m_loadSaveAttributes{};
+  MessageBox* m_messages = nullptr;
   OleColour m_backColor = OleFromRgb(255, 255, 255);
   bool m_modified = false;
   int m_zoomValue = 100;

@@ -1,0 +1,7 @@
+#include "platform/qt/dialogs/bullets_dialog.h"
+
+namespace snipdeck {
+
+void RunBulletsDialog(RichTextControl&) {}
+
+}  // namespace snipdeck

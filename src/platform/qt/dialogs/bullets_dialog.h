@@ -1,0 +1,9 @@
+#pragma once
+
+namespace snipdeck {
+
+class RichTextControl;
+
+void RunBulletsDialog(RichTextControl& control);
+
+}  // namespace snipdeck

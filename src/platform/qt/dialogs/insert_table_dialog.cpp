@@ -1,0 +1,7 @@
+#include "platform/qt/dialogs/insert_table_dialog.h"
+
+namespace snipdeck {
+
+void RunInsertTableDialog(RichTextControl&) {}
+
+}  // namespace snipdeck

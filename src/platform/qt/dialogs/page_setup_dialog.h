@@ -1,0 +1,9 @@
+#pragma once
+
+namespace snipdeck {
+
+class RichTextControl;
+
+void RunPageSetupDialog(RichTextControl& control);
+
+}  // namespace snipdeck

@@ -1,0 +1,9 @@
+#pragma once
+
+namespace snipdeck {
+
+class RichTextControl;
+
+void RunTableAttributesDialog(RichTextControl& control);
+
+}  // namespace snipdeck

@@ -1,0 +1,152 @@
+#include "platform/qt/page_view/paged_text.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <QGuiApplication>
+#include <QPainter>
+#include <QScreen>
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextLayout>
+
+#include "platform/units.h"
+#include "richtext/document_page.h"
+
+namespace snipdeck {
+namespace {
+
+double Dots(int twips) {
+  return twips / kTwipsPerPixel * kPaperDotsPerPixel;
+}
+
+// What the document draws its pixels with is the resolution of the screen; see QTextDocument.
+double DotsOfMargin(const QTextDocument& document) {
+  const QScreen* const screen = QGuiApplication::primaryScreen();
+  return document.documentMargin() * kPaperDotsPerInch / (screen ? screen->logicalDotsPerInchY() : 96);
+}
+
+// Shapes and widths as the font's makers drew them, not fitted to the pixels of a screen.
+QFont Unhinted(QFont font) {
+  font.setHintingPreference(QFont::PreferNoHinting);
+  return font;
+}
+
+}  // namespace
+
+PagedText::PagedText(QTextDocument& document)
+    : m_document(document), m_font(document.defaultFont()), m_hadDesignMetrics(document.useDesignMetrics()) {
+  LayOut();
+}
+
+PagedText::~PagedText() {
+  m_document.setPageSize(QSizeF(0, 0));
+  m_document.setDefaultFont(m_font);
+  m_document.setUseDesignMetrics(m_hadDesignMetrics);
+  m_document.documentLayout()->setPaintDevice(nullptr);
+}
+
+// Without a page size nothing is laid out, so that it is done once and not after each of the other settings.
+void PagedText::LayOut() {
+  m_document.setPageSize(QSizeF(0, 0));
+  m_document.documentLayout()->setPaintDevice(&m_paper);
+  m_document.setDefaultFont(Unhinted(m_font));
+  m_document.setUseDesignMetrics(true);
+  m_geometry = PageOf(m_document);
+  m_margin = DotsOfMargin(m_document);
+  const double margin = m_margin / kPaperDotsPerPixel;
+  m_sheet = QSizeF(m_geometry.width, m_geometry.height) / kTwipsPerPixel;
+  m_text = QPointF(m_geometry.left, m_geometry.top) / kTwipsPerPixel - QPointF(margin, margin);
+  m_strip = QSizeF(Dots(m_geometry.width - m_geometry.left - m_geometry.right) + 2 * m_margin,
+                   Dots(m_geometry.height - m_geometry.top - m_geometry.bottom) + 2 * m_margin);
+  m_document.setPageSize(m_strip);
+  m_crossing.clear();
+}
+
+bool PagedText::Mend() {
+  if (PageOf(m_document) != m_geometry) {
+    LayOut();
+    return true;
+  }
+  constexpr int kMostRounds = 50;  // each may move what follows; a text that never settles is left alone
+  bool mended = false;
+  for (int round = 0; round < kMostRounds && MendOnce(); ++round) mended = true;
+  return mended;
+}
+
+// Qt lays a paragraph out anew when it comes to cross the end of a page, but not when it ceases to.
+bool PagedText::MendOnce() {
+  bool mended = false;
+  for (const QTextBlock& block : std::as_const(m_crossing)) {
+    if (!block.isValid() || CrossesPages(block)) continue;
+    m_document.markContentsDirty(block.position(), block.length());
+    mended = true;
+  }
+  FindCrossing();
+  return mended;
+}
+
+void PagedText::FindCrossing() {
+  m_crossing.clear();
+  for (QTextBlock block = m_document.begin(); block.isValid() && block.layout()->lineCount() > 0; block = block.next())
+    if (CrossesPages(block)) m_crossing.append(block);
+}
+
+bool PagedText::CrossesPages(const QTextBlock& block) const {
+  const int lines = block.layout()->lineCount();
+  if (lines < 2) return false;
+  const double top = m_document.documentLayout()->blockBoundingRect(block).top();
+  return PageOfDot(top) != PageOfDot(top + block.layout()->lineAt(lines - 1).y());
+}
+
+int PagedText::CountPages() const {
+  return std::max(1, m_document.pageCount());
+}
+
+int PagedText::PageOfDot(double y) const {
+  return std::max(0, static_cast<int>(std::floor(y / m_strip.height())));
+}
+
+QRectF PagedText::DotsOf(int page) const {
+  return QRectF(QPointF(0, page * m_strip.height()), m_strip);
+}
+
+QPointF PagedText::OnSheet(int page, const QPointF& dot) const {
+  return (dot - DotsOf(page).topLeft()) / kPaperDotsPerPixel + m_text;
+}
+
+QRectF PagedText::OnSheet(int page, const QRectF& dots) const {
+  return QRectF(OnSheet(page, dots.topLeft()), dots.size() / kPaperDotsPerPixel);
+}
+
+QPointF PagedText::FromSheet(int page, const QPointF& point) const {
+  const QPointF dot = (point - m_text) * kPaperDotsPerPixel;
+  const QRectF dots = DotsOf(page);
+  return {std::clamp(dot.x(), 0.0, dots.width() - 1),
+          dots.top() + std::clamp(dot.y(), m_margin, dots.height() - m_margin - 1)};
+}
+
+QRectF PagedText::CaretDots(int position) const {
+  const QTextBlock block = m_document.findBlock(position);
+  const QRectF place = m_document.documentLayout()->blockBoundingRect(block);
+  const QTextLine line = block.layout()->lineForTextPosition(position - block.position());
+  if (!line.isValid()) return QRectF(place.topLeft(), QSizeF(0, place.height()));
+  const double x = line.cursorToX(position - block.position());
+  return QRectF(place.left() + x, place.top() + line.y(), 0, line.height());
+}
+
+void PagedText::Paint(QPainter& painter, int page, QAbstractTextDocumentLayout::PaintContext context) const {
+  const QRectF dots = DotsOf(page);
+  painter.save();
+  painter.translate(m_text);
+  painter.scale(1 / kPaperDotsPerPixel, 1 / kPaperDotsPerPixel);
+  painter.translate(-dots.topLeft());
+  // What hangs out of its line at the sides is shown; above and below begins the next page.
+  painter.setClipRect(dots.adjusted(-m_text.x() * kPaperDotsPerPixel, 0, m_text.x() * kPaperDotsPerPixel, 0),
+                      Qt::IntersectClip);
+  context.clip = dots;
+  m_document.documentLayout()->draw(&painter, context);
+  painter.restore();
+}
+
+}  // namespace snipdeck

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QAbstractTextDocumentLayout>
+#include <QFont>
+#include <QList>
+#include <QTextBlock>
+
+#include "platform/page_geometry.h"
+#include "platform/qt/page_view/paper_device.h"
+
+class QPainter;
+class QTextDocument;
+
+namespace snipdeck {
+
+/// A document that is laid out in pages of its own geometry as long as this object lives. The text of all pages forms one
+/// strip, page under page without the margins, in dots of PaperDevice; sheets are measured in pixels of 1/96 inch from their
+/// upper left corner. Pages count from 0. The document's layout is anyone's afterwards: whoever had it before gives it
+/// back its paint device and its page size.
+class PagedText {
+ public:
+  explicit PagedText(QTextDocument& document);
+  ~PagedText();
+  Q_DISABLE_COPY_MOVE(PagedText)
+
+  /// Lays everything out anew; pages are placed bit by bit, as they are asked for or when there is time.
+  void LayOut();
+  /// Lays out anew what the last changes left behind: other page geometry, or paragraphs with a page's gap that they no
+  /// longer reach. True if there was such.
+  bool Mend();
+
+  /// Of the whole document; places all of it.
+  int CountPages() const;
+  QSizeF SheetSize() const { return m_sheet; }
+  int PageOfDot(double y) const;
+  /// The dots that a page shows.
+  QRectF DotsOf(int page) const;
+  /// From the strip to a page's sheet and back.
+  QPointF OnSheet(int page, const QPointF& dot) const;
+  QRectF OnSheet(int page, const QRectF& dots) const;
+  /// The nearest place of the page's text.
+  QPointF FromSheet(int page, const QPointF& point) const;
+  /// The place of the line that shows the character at `position` of the document, in dots; width 0.
+  QRectF CaretDots(int position) const;
+
+  /// Draws the text of a page on a painter whose origin is the sheet's corner and whose unit is a pixel of 1/96 inch.
+  void Paint(QPainter& painter, int page, QAbstractTextDocumentLayout::PaintContext context) const;
+
+ private:
+  bool CrossesPages(const QTextBlock& block) const;
+  bool MendOnce();
+  void FindCrossing();
+
+  QTextDocument& m_document;
+  const QFont m_font;
+  const bool m_hadDesignMetrics;
+  QList<QTextBlock> m_crossing;  // the paragraphs that begin on one page and end on another
+  PaperDevice m_paper;
+  PageGeometry m_geometry;
+  QSizeF m_sheet;       // pixels
+  QPointF m_text;       // upper left corner of a page's strip on its sheet, pixels
+  QSizeF m_strip;       // dots of one page
+  double m_margin = 0;  // dots that the document keeps free around the text of each page
+};
+
+}  // namespace snipdeck
