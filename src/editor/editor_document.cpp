@@ -1,0 +1,231 @@
+#include "editor/editor_document.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QFileInfo>
+#include <QScopedValueRollback>
+#include <QTimer>
+
+#include "editor/control_errors.h"
+#include "platform/qt/rich_text_control.h"
+#include "storage/busy_pointer.h"
+#include "storage/file_reports.h"
+#include "storage/file_types.h"
+
+namespace snipdeck {
+
+namespace {
+
+const QString kUntitled = QStringLiteral("Untitled");
+const QString kNewName = QStringLiteral("Untitled.rtf");
+constexpr int kLeastNotice = 500;  // milliseconds
+
+FileRequest OpenRequest() {
+  return {.title = QStringLiteral("Load file from disk"),
+          .fileName = QString(),
+          .filters = {{QStringLiteral("RTF files (*.rtf)"), QStringLiteral("*.rtf")},
+                      {QStringLiteral("Text files (*.txt)"), QStringLiteral("*.txt")},
+                      {QStringLiteral("All files (*.*)"), QStringLiteral("*.*")}},
+          .defaultExtension = {}};
+}
+
+FileRequest SaveRequest(const QString& name) {
+  return {.title = QStringLiteral("Save text to disk"),
+          .fileName = name,
+          .filters = {{QStringLiteral("All files (*.*)"), QStringLiteral("*.*")}},
+          .defaultExtension = {}};
+}
+
+// The window goes on being painted; keys and clicks wait.
+void LetTimePass(int milliseconds) {
+  if (milliseconds <= 0) return;
+  QEventLoop loop;
+  QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+  loop.exec(QEventLoop::ExcludeUserInputEvents);
+}
+
+// Load/save attributes: 0 page width, 1 page height, from 2 on the margins.
+constexpr int kFirstMargin = 2;
+constexpr int kMarginCount = 4;
+
+// What the file does not say stays as it is.
+void TakePageFromFile(RichTextControl& control) {
+  if (const int width = control.LoadSaveAttribute(0); width > 0) control.SetPageWidth(width);
+  if (const int height = control.LoadSaveAttribute(1); height > 0) control.SetPageHeight(height);
+  for (int side = 0; side < kMarginCount; ++side) {
+    if (const int margin = control.LoadSaveAttribute(kFirstMargin + side); margin > 0)
+      control.SetPageMargins(side, margin);
+  }
+}
+
+void GivePageToFile(RichTextControl& control) {
+  control.SetLoadSaveAttribute(0, control.PageWidth());
+  control.SetLoadSaveAttribute(1, control.PageHeight());
+  for (int side = 0; side < kMarginCount; ++side)
+    control.SetLoadSaveAttribute(kFirstMargin + side, control.PageMargins(side));
+}
+
+/// The notice and the busy pointer, for as long as a file is being written and half a second at least.
+class SavingShown {
+ public:
+  explicit SavingShown(SavingNotice& notice) : m_notice(notice) {
+    m_notice.Show();
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    m_since.start();
+  }
+  ~SavingShown() {
+    LetTimePass(kLeastNotice - static_cast<int>(m_since.elapsed()));
+    m_notice.Close();
+  }
+  SavingShown(const SavingShown&) = delete;
+  SavingShown& operator=(const SavingShown&) = delete;
+
+ private:
+  SavingNotice& m_notice;
+  BusyPointer m_busy;
+  QElapsedTimer m_since;
+};
+
+}  // namespace
+
+EditorDocument::EditorDocument(RichTextControl& control, const Services& services)
+    : m_control(control), m_services(services) {
+  connect(&control, &QTextEdit::textChanged, this, [this] {
+    if (!m_isReplacing) MarkChanged();
+  });
+  connect(&control, &RichTextControl::Error, this, [this](int, const QString& description, bool* isShown) {
+    *isShown = false;
+    ReportError(description);
+  });
+}
+
+void EditorDocument::ReportError(const QString& description) {
+  if (m_isSaving) {
+    m_errorWhileSaving = description;
+  } else {
+    ShowControlError(description, m_services.messages);
+  }
+}
+
+void EditorDocument::MarkChanged() {
+  m_changedMark = 1;
+}
+
+void EditorDocument::Start(OpenMode mode, const QString& path) {
+  EmptyText();
+  m_fileName = mode == OpenMode::New ? kNewName : path;
+  LoadDocument(mode);
+  emit CaptionChanged(QStringLiteral("File: ") + m_fileName);
+  Settle();
+}
+
+void EditorDocument::Resume(const QString& path, const std::function<void()>& fill) {
+  EmptyText();
+  m_fileName = path;
+  LoadDocument(OpenMode::New);
+  fill();
+  emit CaptionChanged(QStringLiteral("File: ") + m_fileName);
+  MarkChanged();
+}
+
+void EditorDocument::EmptyText() {
+  const QScopedValueRollback replacing(m_isReplacing, true);
+  m_control.SetText(QString());
+  m_isUnread = false;
+}
+
+void EditorDocument::LoadDocument(OpenMode mode) {
+  m_control.SetLoadSaveAttribute(37, 1);
+  for (int side = 0; side < kMarginCount; ++side) m_control.SetPageMargins(side, kTwipsPerInch);
+  m_control.ClearUndoHistory();
+  if (mode == OpenMode::New) return;
+  if (m_fileName.isEmpty() || !QFileInfo(m_fileName).isFile())
+    return FileReports(m_services.messages).ShowFileNotFound(m_fileName);
+  LoadFile();
+}
+
+void EditorDocument::LoadFile() {
+  const QScopedValueRollback replacing(m_isReplacing, true);
+  m_isUnread = !m_control.LoadFile(m_fileName, 0, LoadFormatForName(m_fileName, false));
+  TakePageFromFile(m_control);
+  m_control.ClearUndoHistory();
+  m_control.SetSelStart(0);
+}
+
+void EditorDocument::Settle() {
+  m_changedMark = 0;
+  emit Settled();
+}
+
+void EditorDocument::Open() {
+  if (!ConfirmDiscard()) return;
+  const QString chosen = m_services.dialogs.OpenFile(OpenRequest());
+  if (chosen.isEmpty()) return;
+  EmptyText();
+  m_fileName = chosen;
+  LoadDocument(OpenMode::File);
+  Settle();
+  emit CaptionChanged(m_fileName);
+}
+
+void EditorDocument::New() {
+  if (!ConfirmDiscard()) return;
+  EmptyText();
+  m_fileName = kNewName;
+  Settle();
+  emit CaptionChanged(kNewName);
+}
+
+void EditorDocument::Save() {
+  if (m_fileName.contains(kUntitled) || m_isUnread) {
+    SaveAs();
+  } else {
+    SaveDocument();
+  }
+}
+
+void EditorDocument::SaveAs() {
+  const QString chosen = m_services.dialogs.SaveFile(SaveRequest(m_fileName));
+  if (chosen.isEmpty()) return;
+  const QString before = std::exchange(m_fileName, chosen);
+  if (SaveDocument()) {
+    emit CaptionChanged(QStringLiteral("File :  ") + m_fileName);
+  } else {
+    m_fileName = before;
+  }
+}
+
+bool EditorDocument::SaveDocument() {
+  const Outcome written = WriteFile();
+  if (written) {
+    m_isUnread = false;
+    Settle();
+  } else {
+    ShowControlError(std::exchange(m_errorWhileSaving, {}), m_services.messages);
+  }
+  return static_cast<bool>(written);
+}
+
+Outcome EditorDocument::WriteFile() {
+  const QScopedValueRollback saving(m_isSaving, true);
+  const SavingShown shown(m_services.notice);
+  GivePageToFile(m_control);
+  return m_control.SaveFile(m_fileName, 0, LoadFormatForName(m_fileName, false));
+}
+
+bool EditorDocument::ConfirmDiscard() {
+  if (m_changedMark != 1) return true;
+  QCoreApplication::processEvents();
+  const DocumentDecision decision = m_services.question.Ask(m_fileName);
+  if (decision == DocumentDecision::Discard) return true;
+  if (decision == DocumentDecision::Cancel) return false;
+  if (decision == DocumentDecision::SaveDirectly) {
+    Save();
+  } else {
+    SaveAs();
+  }
+  return m_changedMark == 0;
+}
+
+}  // namespace snipdeck
