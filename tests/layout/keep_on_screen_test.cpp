@@ -1,33 +1,12 @@
 #include "layout/keep_on_screen.h"
 
-#include <algorithm>
-
 #include <QTest>
+
+#include "fakes/fake_window_geometry.h"
 
 namespace snipdeck {
 
 namespace {
-
-/// A window that takes every value, but none below its smallest size.
-class FakeWindow : public WindowGeometry {
- public:
-  double left = 0, top = 0, width = 0, height = 0;
-  double smallestWidth = 0, smallestHeight = 0;
-
-  explicit FakeWindow(const SavedPlacement& saved)
-      : left(saved.left), top(saved.top), width(saved.width), height(saved.height) {}
-
-  double Left() const override { return left; }
-  double Top() const override { return top; }
-  double Width() const override { return width; }
-  double Height() const override { return height; }
-  void SetLeft(double twips) override { left = twips; }
-  void SetTop(double twips) override { top = twips; }
-  void SetWidth(double twips) override { width = std::max(twips, smallestWidth); }
-  void SetHeight(double twips) override { height = std::max(twips, smallestHeight); }
-
-  QList<double> Place() const { return {left, top, width, height}; }
-};
 
 constexpr WorkArea kArea{150, 450, 15000, 10000};
 
@@ -57,14 +36,14 @@ class KeepOnScreenTest : public QObject {
   void Places() {
     QFETCH(SavedPlacement, saved);
     QFETCH(bool, main);
-    FakeWindow window(saved);
+    FakeWindow window(saved.left, saved.top, saved.width, saved.height);
     KeepOnScreen(kArea, window, main ? PlacedWindow::Main : PlacedWindow::Other, saved);
     QTEST(window.Place(), "expected");
   }
 
   void TheSmallestSizeCountsAsTheWindowTookIt() {
     SavedPlacement saved{1000, 2000, 16000, 7000};
-    FakeWindow window(saved);
+    FakeWindow window(saved.left, saved.top, saved.width, saved.height);
     window.smallestWidth = 14800;
     KeepOnScreen(kArea, window, PlacedWindow::Main, saved);
     // 450 and 14800 exceed the width of the area, so the window goes back by what it sticks out.
@@ -88,14 +67,13 @@ class KeepOnScreenTest : public QObject {
   }
   void TheTitleBarStaysInReach() {
     QFETCH(SavedPlacement, given);
-    FakeWindow window(given);
+    FakeWindow window(given.left, given.top, given.width, given.height);
     KeepReachable(kArea, window);
     QTEST(window.Place(), "expected");
   }
 };
 
 }  // namespace snipdeck
-
 
 QTEST_GUILESS_MAIN(snipdeck::KeepOnScreenTest)
 #include "keep_on_screen_test.moc"

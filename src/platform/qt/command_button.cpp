@@ -4,6 +4,7 @@
 #include <QStylePainter>
 
 #include "platform/qt/drawn_icon.h"
+#include "platform/readable_colour.h"
 
 namespace snipdeck {
 
@@ -13,8 +14,7 @@ constexpr int kIconSize = 16;
 constexpr double kGreyedOut = 0.4;
 
 QColor InkOn(const QColor& ground) {
-  constexpr int kMiddle = 128;
-  return qGray(ground.rgb()) < kMiddle ? Qt::white : QColor(27, 36, 49);
+  return ReadableOn(ground) == Qt::white ? QColor(Qt::white) : QColor(27, 36, 49);
 }
 
 }  // namespace
