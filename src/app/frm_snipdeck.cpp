@@ -38,6 +38,7 @@ frmSnipdeck::frmSnipdeck(const MainWindowServices& services)
       m_capture(*m_boxes, services.clipboard, m_settings.startWithCumulative),
       m_interaction(*m_boxes, services.messages, m_settings.storageFolder, HostOfBoxes()),
       m_views(*m_boxes, services.messages),
+      m_clipboardWindows(*m_boxes, ServicesOfClipboard(), services.screen, *this),
       m_settingsFile(FileInFolder(services.folder, QString::fromLatin1(kSettingsFileName)), m_settings,
                      services.messages),
       m_storedBoxes(*m_boxes),
@@ -102,6 +103,17 @@ BoxHost frmSnipdeck::HostOfBoxes() {
               }};
 }
 
+ClipboardWindowServices frmSnipdeck::ServicesOfClipboard() {
+  return {.access = m_services.clipboardAccess,
+          .functions = m_services.clipboardFunctions,
+          .writer = m_services.clipboardWriter,
+          .pasteSource = m_services.clipboard,
+          .messages = m_services.messages,
+          .dialogs = m_services.fileDialogs,
+          .settings = m_settings,
+          .keepOnScreen = {}};
+}
+
 void frmSnipdeck::BuildSidebar() {
   m_sidebar->Fill();
   m_sidebar->SetHandPointer(LoadHandPointer(m_services.folder));
@@ -136,6 +148,10 @@ void frmSnipdeck::mnuAllInOne_Click() {
   m_views.ShowAllInOne();
 }
 
+void frmSnipdeck::mnuClipStyles_Click() {
+  m_clipboardWindows.ViewAndPaste();
+}
+
 void frmSnipdeck::mnuCopyOneBox_Click() {
   m_views.CopyOneBox();
 }
@@ -158,6 +174,10 @@ void frmSnipdeck::mnuExit_Click() {
 
 void frmSnipdeck::mnuSaveTextBoxes_Click() {
   m_storage.SaveAll();
+}
+
+void frmSnipdeck::mnuShowAllTypes_Click() {
+  m_clipboardWindows.ShowAllTypes();
 }
 
 void frmSnipdeck::mnuViewBoxLarge_Click() {

@@ -2,6 +2,7 @@
 
 #include <QMainWindow>
 
+#include "app/clipboard_commands.h"
 #include "app/crash_recovery.h"
 #include "app/focus_switch.h"
 #include "app/shut_down.h"
@@ -27,6 +28,8 @@ struct MainWindowServices {
   ChangeWatch& ctlClipboard1;
   const Clipboard& clipboard;
   ClipboardWriter& clipboardWriter;
+  ClipboardAccess& clipboardAccess;
+  ClipboardFunctions& clipboardFunctions;
   MessageBox& messages;
   const Screen& screen;
   FileLookup& files;
@@ -56,6 +59,7 @@ class frmSnipdeck : public QMainWindow {
   void Form_Load();
   void ctlClipboard1_Changed();
   void mnuAllInOne_Click();
+  void mnuClipStyles_Click();
   void mnuCopyOneBox_Click();
   void mnuCumulative_Click();
   void mnuEmpty_Click();
@@ -63,6 +67,7 @@ class frmSnipdeck : public QMainWindow {
   void mnuExplorer_Click();
   void mnuHelp_Click();
   void mnuSaveTextBoxes_Click();
+  void mnuShowAllTypes_Click();
   void mnuTrawler_Click();
   void mnuViewBoxLarge_Click();
   void mnuViewSideBarWidth_Click();
@@ -97,6 +102,7 @@ class frmSnipdeck : public QMainWindow {
   MainWindowParts Parts();
   SidebarHost Host();
   BoxHost HostOfBoxes();
+  ClipboardWindowServices ServicesOfClipboard();
 
   MainWindowServices m_services;
   Settings m_settings;
@@ -109,6 +115,7 @@ class frmSnipdeck : public QMainWindow {
   ClipboardCapture m_capture;
   BoxInteraction m_interaction;
   CombinedViews m_views;
+  ClipboardCommands m_clipboardWindows;
   SettingsFile m_settingsFile;
   StoredBoxSet m_storedBoxes;
   BoxStorage m_storage;

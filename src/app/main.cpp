@@ -13,6 +13,7 @@
 #include "platform/qt/qt_message_box.h"
 #include "platform/qt/qt_screen.h"
 #include "platform/x11/x11_clipboard_access.h"
+#include "platform/x11/x11_clipboard_functions.h"
 #include "platform/x11/x11_clipboard_watch.h"
 #include "platform/x11/x11_shell.h"
 #include "platform/x11/x11_window_list.h"
@@ -35,6 +36,7 @@ int Run(QApplication& application, SingleInstance& instance, const QString& fold
   X11ClipboardWatch clipboard;
   PresentContents contents;
   X11ClipboardAccess clipboardAccess(contents, HolderProgram());
+  X11ClipboardFunctions clipboardFunctions(contents);
   QtMessageBox messages;
   QtScreen screen;
   QtFileLookup files;
@@ -42,8 +44,9 @@ int Run(QApplication& application, SingleInstance& instance, const QString& fold
   X11WindowList windows;
   QtFileDialogs fileDialogs;
   QtFontColourDialogs fontColourDialogs;
-  frmSnipdeck window({clipboard, clipboard, clipboardAccess, messages, screen, files, shell, windows, fileDialogs,
-                      fontColourDialogs, QCoreApplication::applicationDirPath(), folder, InstalledSettingsPath()});
+  frmSnipdeck window({clipboard, clipboard, clipboardAccess, clipboardAccess, clipboardFunctions, messages, screen,
+                      files, shell, windows, fileDialogs, fontColourDialogs, QCoreApplication::applicationDirPath(),
+                      folder, InstalledSettingsPath()});
   screen.Follow(&window);
   window.Form_Load();
 

@@ -7,6 +7,7 @@
 #include "fakes/fake_clipboard_writer.h"
 #include "fakes/fake_file_lookup.h"
 #include "fakes/fake_shell.h"
+#include "fakes/memory_clipboard.h"
 #include "fakes/scripted_dialogs.h"
 #include "fakes/scripted_messages.h"
 
@@ -24,6 +25,7 @@ struct MainWindowStage {
   FakeChangeWatch watch;
   FakeClipboard clipboard;
   FakeClipboardWriter writer;
+  MemoryClipboard memory;
   ScriptedMessages messages;
   FakeScreen screen;
   FakeFileLookup files;
@@ -34,7 +36,7 @@ struct MainWindowStage {
 
   /// `settings` are the settings of the first start, the lines of the settings file.
   explicit MainWindowStage(const QByteArray& settings = {})
-      : window({watch, clipboard, writer, messages, screen, files, shell, windows, dialogs, dialogs,
+      : window({watch, clipboard, writer, memory, memory, messages, screen, files, shell, windows, dialogs, dialogs,
                 QStringLiteral("P:\\Own"), folder.path(), Settings(folder, settings)}) {
     window.Form_Load();
     window.show();

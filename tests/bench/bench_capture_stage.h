@@ -9,10 +9,13 @@
 
 #include "app/frm_snipdeck.h"
 #include "platform/change_watch.h"
+#include "platform/qt/qt_file_dialogs.h"
 #include "platform/qt/qt_file_lookup.h"
+#include "platform/qt/qt_font_colour_dialogs.h"
 #include "platform/qt/qt_message_box.h"
 #include "platform/qt/qt_screen.h"
 #include "platform/x11/x11_clipboard_access.h"
+#include "platform/x11/x11_clipboard_functions.h"
 #include "platform/x11/x11_clipboard_watch.h"
 #include "platform/x11/x11_shell.h"
 #include "platform/x11/x11_window_list.h"
@@ -42,10 +45,13 @@ class Outside {
  private:
   PresentContents m_contents;
   X11ClipboardAccess m_access{m_contents, QString()};
+  X11ClipboardFunctions m_functions{m_contents};
   QtMessageBox m_messages;
   QtFileLookup m_files;
   X11Shell m_shell;
   X11WindowList m_windows;
+  QtFileDialogs m_fileDialogs;
+  QtFontColourDialogs m_fontColourDialogs;
 };
 
 /// The main window as main() puts it together, on the present display and in a new folder, with a clock behind each

@@ -1,0 +1,54 @@
+#include "clipformats/scaled_picture.h"
+
+#include <QImageReader>
+
+namespace snipdeck {
+
+namespace {
+
+constexpr qint64 kFewPixels = 8'000'000;
+
+qint64 PixelsOf(QSize size) {
+  return qint64{size.width()} * size.height();
+}
+
+/// A long thin picture keeps at least one pixel of its breadth.
+QSize ScaledDown(QSize size, QSize most) {
+  if (size.width() <= most.width() && size.height() <= most.height()) return size;
+  return size.scaled(most, Qt::KeepAspectRatio).expandedTo(QSize(1, 1));
+}
+
+/// Whether the reader makes it small while it reads. PNG does so with colours of eight bits only.
+bool ScalesWhileReading(QImageReader& reader, const QByteArray& kind) {
+  if (kind == "jpeg" || kind == "webp") return true;
+  const QImage::Format format = reader.imageFormat();
+  return kind == "png" && (format == QImage::Format_RGB32 || format == QImage::Format_ARGB32);
+}
+
+/// Scaling smoothly takes four bytes a pixel, so a large picture is thinned out first in what it has.
+QImage Shrunk(const QImage& image, QSize size) {
+  if (image.size() == size) return image;
+  const QSize twice = size * 2;
+  const bool isFarLarger = PixelsOf(image.size()) > kFewPixels && twice.width() < image.width();
+  const QImage thinned = isFarLarger ? image.scaled(twice, Qt::IgnoreAspectRatio, Qt::FastTransformation) : image;
+  return thinned.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+}  // namespace
+
+ScaledPicture ReadScaled(QIODevice& bytes, const QByteArray& kind, QSize most) {
+  QImageReader reader(&bytes, kind);
+  reader.setAutoDetectImageFormat(false);
+  reader.setAutoTransform(true);
+  const bool isTurned = reader.transformation() & QImageIOHandler::TransformationRotate90;
+  const QSize stored = reader.size();
+  const QSize room = isTurned ? most.transposed() : most;
+  if (stored.isValid() && ScalesWhileReading(reader, kind)) reader.setScaledSize(ScaledDown(stored, room));
+  ScaledPicture picture{reader.read(), isTurned ? stored.transposed() : stored};
+  if (picture.image.isNull()) return picture;
+  if (!picture.fullSize.isValid()) picture.fullSize = picture.image.size();
+  picture.image = Shrunk(picture.image, ScaledDown(picture.image.size(), most));
+  return picture;
+}
+
+}  // namespace snipdeck
