@@ -20,6 +20,9 @@ Failure FailureOf(const QFileDevice& file) {
 }  // namespace
 
 Outcome WriteWholeFile(const QString& path, QByteArrayView contents) {
+  // A device or pipe of that name would be gone afterwards, with a file in its place.
+  if (QFileInfo(path).exists() && !QFileInfo(path).isFile())
+    return Failure{Failure::Kind::Refused, QStringLiteral("Not a file")};
   QSaveFile file(path);
   file.setDirectWriteFallback(false);
   if (!file.open(QIODevice::WriteOnly)) return FailureOf(file);

@@ -76,9 +76,9 @@ class EditorCommandsTest : public QObject {
     for (const QString& way : ways) {
       DialogCatcher catcher;
       Trigger(stage, way);
-      QTRY_VERIFY2(catcher.kind.contains(kind), qPrintable(way + u": " + catcher.kind));
+      QTRY_VERIFY2(catcher.kind.contains(kind), qPrintable(way + ": "_L1 + catcher.kind));
     }
-    QTRY_VERIFY(stage.Text().hasFocus());
+    QCOMPARE(stage.window.focusWidget(), &stage.Text());
     QCOMPARE(stage.Document().ChangedMark(), 0);
   }
 
@@ -275,7 +275,7 @@ class EditorCommandsTest : public QObject {
   void PrintsCopiesOfARangeInOrder() {
     EditorStage stage;
     QByteArray pages;
-    for (const QByteArray& words : {"one", "two two", "three three three"}) pages += words + "\\page ";
+    for (const char* words : {"one", "two two", "three three three"}) pages += QByteArray(words) + "\\page ";
     stage.Open(OpenMode::File, stage.Write(u"a.rtf"_s, "{\\rtf1 " + pages + "four four four four}"));
     for (const char* way : {"mnuFile_Print", "cmdPrint", "Ctrl+P"}) {
       stage.Text().SetViewMode(0);
@@ -350,7 +350,7 @@ class EditorCommandsTest : public QObject {
     stage.settings.editorHeight = 9000;
     QRect seen;
     QTimer::singleShot(0, &stage.window, [&] {
-      seen = stage.window.geometry();
+      seen = QRect(stage.window.pos(), stage.window.size());
       stage.window.ShowModal(OpenMode::File, stage.Path(u"ignored"_s));  // it is shown already
       QCOMPARE(QApplication::activeModalWidget(), &stage.window);
       stage.window.move(200, 100);

@@ -1,3 +1,8 @@
+#include <csignal>
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+
 #include <QFileInfo>
 
 #include "editor/editor_stage.h"
@@ -5,6 +10,24 @@
 namespace snipdeck {
 
 using namespace Qt::StringLiterals;
+
+/// Files cannot grow while this lives.
+class NoRoom {
+ public:
+  explicit NoRoom(bool isFull) {
+    getrlimit(RLIMIT_FSIZE, &m_before);
+    if (!isFull) return;
+    signal(SIGXFSZ, SIG_IGN);
+    const rlimit none{0, m_before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &none);
+  }
+  ~NoRoom() { setrlimit(RLIMIT_FSIZE, &m_before); }
+  NoRoom(const NoRoom&) = delete;
+  NoRoom& operator=(const NoRoom&) = delete;
+
+ private:
+  rlimit m_before{};
+};
 
 class EditorDocumentTest : public QObject {
   Q_OBJECT
@@ -185,23 +208,26 @@ class EditorDocumentTest : public QObject {
     QTest::addColumn<QString>("target");
     QTest::newRow("a folder of that name") << u"folder.rtf"_s;
     QTest::newRow("no such folder") << u"gone/away.txt"_s;
-    QTest::newRow("no room") << u"/dev/full"_s;
+    QTest::newRow("a pipe") << u"pipe"_s;
+    QTest::newRow("no room") << u"full.rtf"_s;
     QTest::newRow("no name at all") << QString();
   }
   void FailedSaveChangesNothing() {
     QFETCH(QString, target);
     EditorStage stage;
     QVERIFY(QDir(stage.folder.path()).mkpath(u"folder.rtf"_s));
+    QCOMPARE(mkfifo(qPrintable(stage.Path(u"pipe"_s)), 0600), 0);
     const QString old = stage.Write(u"old.rtf"_s, "{\\rtf1 old}");
     stage.Open(OpenMode::File, old);
     QTest::keyClicks(&stage.Text(), u"n"_s);
-    const QString path = target.startsWith(u'/') || target.isEmpty() ? target : stage.Path(target);
+    const QString path = target.isEmpty() ? target : stage.Path(target);
     if (target.isEmpty()) {
       stage.Document().Resume(QString(), [&] { stage.Text().SetText(u"nold"_s); });
     } else {
       stage.dialogs.ExpectSave(SaveRequest(old), path);
     }
     stage.messages.Expect(SaveError(), MessageAnswer::Ok);
+    const NoRoom noRoom(target == u"full.rtf"_s);
     if (target.isEmpty()) {
       stage.Document().Save();
     } else {

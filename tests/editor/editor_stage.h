@@ -49,7 +49,9 @@ class PictureDialog : public PrintDialog {
   class Job : public PrintJob {
    public:
     explicit Job(PictureDialog& dialog) : m_dialog(dialog) {}
-    ~Job() override { m_painter.end(); }
+    ~Job() override {
+      if (m_painter.isActive()) m_painter.end();
+    }
     bool StartPage() override {
       if (m_dialog.isOutOfPaper) return false;
       EndSheet();

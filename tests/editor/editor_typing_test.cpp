@@ -90,7 +90,7 @@ class EditorTypingTest : public QObject {
     QTest::keyClick(&stage.Text(), Qt::Key_Tab);
     QCOMPARE(stage.Text().Text(), u"abcd"_s);
     QCOMPARE(stage.Text().SelText(), u"bc"_s);
-    stage.Document().New();
+    stage.Document().Start(OpenMode::New, {});
     QTest::keyClick(&stage.Text(), Qt::Key_Tab);
     QCOMPARE(stage.Text().Text(), u"\t"_s);
     QCOMPARE(stage.Document().ChangedMark(), 1);
