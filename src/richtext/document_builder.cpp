@@ -34,9 +34,23 @@ DocumentBuilder::DocumentBuilder(QTextDocument& document, const FlowFormats& for
   m_body.cursor.beginEditBlock();
 }
 
+DocumentBuilder::DocumentBuilder(QTextCursor& cursor, const FlowFormats& formats)
+    : m_document(*cursor.document()), m_formats(formats), m_hadUndo(m_document.isUndoRedoEnabled()) {
+  m_body.block = cursor.block().length() > 1 ? Block::Join : Block::Fill;
+  m_body.cursor.swap(cursor);
+  m_body.cursor.beginEditBlock();
+}
+
+QTextCursor DocumentBuilder::TakeCursor() {
+  QTextCursor cursor;
+  if (!m_body.cursor.isNull()) m_body.cursor.endEditBlock();
+  cursor.swap(m_body.cursor);
+  return cursor;
+}
+
 DocumentBuilder::~DocumentBuilder() {
-  m_body.cursor.endEditBlock();
-  m_document.setUndoRedoEnabled(m_hadUndo);
+  TakeCursor();
+  if (m_hadUndo != m_document.isUndoRedoEnabled()) m_document.setUndoRedoEnabled(m_hadUndo);
 }
 
 void DocumentBuilder::Append(const Flow& flow) {
@@ -66,25 +80,28 @@ void DocumentBuilder::Write(Place& place, const Flow& flow) {
 
 void DocumentBuilder::WriteParagraph(Place& place, const Flow& flow, std::size_t firstItem, std::size_t end,
                                      qsizetype at) {
-  const FlowItem& mark = flow.items[end];
+  if (place.block != Block::Join) StartBlock(place, flow.items[end]);
+  place.block = Block::Follow;
+  for (std::size_t i = firstItem; i < end; ++i) {
+    const FlowItem& run = flow.items[i];
+    place.cursor.insertText(QString::fromRawData(flow.text.constData() + at, run.length),
+                            m_formats.characters[static_cast<std::size_t>(run.format)]);
+    at += run.length;
+  }
+}
+
+void DocumentBuilder::StartBlock(Place& place, const FlowItem& mark) {
   const QTextCharFormat& markFormat = m_formats.characters[static_cast<std::size_t>(mark.length)];
   const QTextBlockFormat blockFormat = BlockFormat(mark.format);
   QTextCursor& cursor = place.cursor;
-  if (place.fresh) {
+  if (place.block == Block::Fill) {
     cursor.setBlockFormat(blockFormat);
     // The mark of a cell's first paragraph shares its format with the cell, which must not be lost.
     m_depth > 0 ? cursor.mergeBlockCharFormat(markFormat) : cursor.setBlockCharFormat(markFormat);
-    place.fresh = false;
   } else {
     cursor.insertBlock(blockFormat, markFormat);
   }
   StartList(place, mark.format);
-  for (std::size_t i = firstItem; i < end; ++i) {
-    const FlowItem& run = flow.items[i];
-    cursor.insertText(QString::fromRawData(flow.text.constData() + at, run.length),
-                      m_formats.characters[static_cast<std::size_t>(run.format)]);
-    at += run.length;
-  }
 }
 
 // A paragraph of a list that exists joins it through its format.
@@ -139,7 +156,7 @@ void DocumentBuilder::WriteRows(Place& place, const TableFlow& table, std::size_
   }
   place.cursor.setPosition(inserted->lastPosition() + 1);
   place.cursor.setBlockFormat(QTextBlockFormat());
-  place.fresh = true;
+  place.block = Block::Fill;
 }
 
 }  // namespace snipdeck

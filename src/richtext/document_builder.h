@@ -11,25 +11,33 @@ class QTextList;
 
 namespace snipdeck {
 
-/// Appends flows to a document, in runs, within one edit block and without undo. The document must be empty at first.
+/// Writes flows into a document, one behind the other, in runs and within one edit block.
 class DocumentBuilder {
  public:
+  /// Into an empty document, without undo.
   DocumentBuilder(QTextDocument& document, const FlowFormats& formats);
+  /// At `cursor`, outside of tables. The first paragraph joins the cursor's when that one has text. The cursor is null
+  /// until TakeCursor: a document that has fewer to keep in place is quicker to fill.
+  DocumentBuilder(QTextCursor& cursor, const FlowFormats& formats);
   ~DocumentBuilder();
   DocumentBuilder(const DocumentBuilder&) = delete;
   DocumentBuilder& operator=(const DocumentBuilder&) = delete;
 
   /// Writes whole paragraphs and tables; a flow ends with the end of a paragraph or with a table.
   void Append(const Flow& flow);
+  /// The cursor, behind what was written; nothing can be written any more.
+  QTextCursor TakeCursor();
 
  private:
-  /// Where a flow is written: `fresh` when the block at the cursor has not been used yet.
+  /// What the next paragraph does with the block at the cursor.
+  enum class Block { Fill, Join, Follow };
   struct Place {
     QTextCursor cursor;
-    bool fresh = true;
+    Block block = Block::Fill;
   };
   void Write(Place& place, const Flow& flow);
   void WriteParagraph(Place& place, const Flow& flow, std::size_t firstItem, std::size_t end, qsizetype at);
+  void StartBlock(Place& place, const FlowItem& mark);
   void WriteTable(Place& place, const TableFlow& table);
   void WriteRows(Place& place, const TableFlow& table, std::size_t begin, std::size_t end);
   QTextBlockFormat BlockFormat(int index);
@@ -39,7 +47,7 @@ class DocumentBuilder {
   const FlowFormats& m_formats;
   Place m_body;
   std::vector<QTextList*> m_lists;  ///< Those that have been begun, by their number in the formats.
-  bool m_hadUndo;
+  const bool m_hadUndo;
   int m_depth = 0;
 };
 

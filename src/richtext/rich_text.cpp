@@ -1,9 +1,12 @@
 #include "richtext/rich_text.h"
 
+#include <optional>
+
 #include <QTextCursor>
 #include <QTextFrame>
 
 #include "richtext/document_copier.h"
+#include "richtext/flow_text.h"
 #include "richtext/html_reader.h"
 #include "richtext/rtf_reader.h"
 #include "richtext/rtf_writer.h"
@@ -13,10 +16,19 @@
 
 namespace snipdeck {
 
+/// Text that was read from RTF stays as its reader left it until somebody asks for a document: most of it only goes on
+/// into the documents of boxes.
 struct RichText::Data {
+  std::optional<FlowText> flow;  ///< The text, until `document` is made of it.
   SafeDocument document;
   QStringList warnings;
   QByteArray rtf;
+
+  const QTextDocument& Document() {
+    if (flow) FillDocument(*flow, document);
+    flow.reset();
+    return document;
+  }
 };
 
 RichText::RichText() : m_data(std::make_shared<Data>()) {}
@@ -25,7 +37,13 @@ RichText::RichText(std::shared_ptr<Data> data) : m_data(std::move(data)) {}
 
 RichText RichText::FromRtf(QByteArrayView rtf, ReadFor purpose) {
   auto data = std::make_shared<Data>();
-  data->warnings = ReadRtf(rtf, data->document, purpose);
+  RtfContents contents = ReadRtf(rtf, purpose);
+  data->warnings = std::move(contents.warnings);
+  if (contents.html.isEmpty()) {
+    data->flow = std::move(contents.text);
+  } else {
+    data->warnings += ReadHtml(contents.html, data->document);
+  }
   return RichText(std::move(data));
 }
 
@@ -56,24 +74,37 @@ RichText RichText::FromDocument(const QTextDocument& document, int begin, int en
 }
 
 bool RichText::IsEmpty() const {
+  if (m_data->flow) return LengthOf(*m_data->flow) == 0 && !HasTables(*m_data->flow);
   return m_data->document.isEmpty();
 }
 
 QString RichText::PlainText() const {
-  return WriteText(m_data->document);
+  if (m_data->flow && !HasTables(*m_data->flow)) return CharactersOf(*m_data->flow);
+  return WriteText(m_data->Document());
+}
+
+QString RichText::Characters() const {
+  return m_data->flow ? CharactersOf(*m_data->flow) : m_data->document.toPlainText();
+}
+
+qsizetype RichText::Length() const {
+  return m_data->flow ? LengthOf(*m_data->flow) : EndOf(m_data->document);
 }
 
 QByteArray RichText::Rtf() const {
-  if (m_data->rtf.isNull()) m_data->rtf = WriteRtf(m_data->document);
+  if (m_data->rtf.isNull()) m_data->rtf = WriteRtf(m_data->Document());
   return m_data->rtf;
 }
 
 void RichText::InsertAt(QTextCursor& cursor) const {
-  CopyText(m_data->document, 0, EndOf(m_data->document), cursor);
+  const bool outsideTables = !cursor.currentFrame()->parentFrame();
+  if (m_data->flow && outsideTables) return InsertFlowText(*m_data->flow, cursor);
+  const QTextDocument& document = m_data->Document();
+  CopyText(document, 0, EndOf(document), cursor);
 }
 
 const QTextDocument& RichText::Document() const {
-  return m_data->document;
+  return m_data->Document();
 }
 
 QStringList RichText::Warnings() const {

@@ -1,10 +1,10 @@
 #pragma once
 
+#include <memory>
+
 #include <QByteArrayView>
 #include <QString>
 #include <QStringList>
-
-#include <memory>
 
 class QTextCursor;
 class QTextDocument;
@@ -15,8 +15,8 @@ namespace snipdeck {
 enum class ReadFor { Box, Document };
 
 /// A piece of formatted text. It is read once, never changes, and is shared by all that show or keep it: a copy costs a
-/// reference. Reading is lenient: whatever the bytes are, what can be shown of them is shown, and what was dropped is told
-/// by Warnings(). Nothing in the bytes makes it touch the network or the disk.
+/// reference. Reading is lenient: whatever the bytes are, what can be shown of them is shown, and what was dropped is
+/// told by Warnings(). Nothing in the bytes makes it touch the network or the disk.
 class RichText {
  public:
   RichText();
@@ -33,11 +33,15 @@ class RichText {
   bool IsEmpty() const;
   /// Paragraphs are separated by "\n"; the last one has none unless it is empty.
   QString PlainText() const;
+  /// The characters alone, a line for each paragraph and cell: quicker than PlainText where there are tables.
+  QString Characters() const;
+  /// How many characters it has, about: enough to tell whether it will take long to show.
+  qsizetype Length() const;
   /// The text as RTF; written at the first call, then kept.
   QByteArray Rtf() const;
   /// Puts the text in place of the cursor's selection and leaves the cursor behind it. One undo step.
   void InsertAt(QTextCursor& cursor) const;
-  /// The text as a document of its own; never null, not to be changed.
+  /// The text as a document of its own, made at the first call; not to be changed.
   const QTextDocument& Document() const;
   /// What the reader dropped or repaired, in words for a developer.
   QStringList Warnings() const;

@@ -7,7 +7,7 @@ namespace {
 
 constexpr std::size_t kMaxTableDepth = 32;
 constexpr std::size_t kMaxCellsInRow = 256;
-constexpr qsizetype kDeliverCharacters = 64 * 1024;
+constexpr qsizetype kDeliverCharacters = 24 * 1024;
 constexpr std::size_t kDeliverItems = 4096;
 
 // What no document may hold: control characters, noncharacters (Qt marks its frames with some), and the object

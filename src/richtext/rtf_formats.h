@@ -36,7 +36,7 @@ class RtfFormats {
   void SetDefaultFont(int number) { m_defaultFont = number; }
   int DefaultFont() const { return m_defaultFont; }
   int EffectiveFont(const CharacterState& state) const;
-  const FlowFormats& Formats() const { return m_formats; }
+  FlowFormats Take() { return std::move(m_formats); }
 
  private:
   struct Hash {

@@ -1,20 +1,15 @@
 #include "richtext/rtf_page.h"
 
-#include <QTextDocument>
-#include <QTextFrame>
+#include <QTextFormat>
 
 #include "richtext/format_properties.h"
 
 namespace snipdeck {
 
-void RtfPage::Store(QTextDocument& target) const {
-  QTextFrameFormat format = target.rootFrame()->frameFormat();
-  bool any = false;
+void RtfPage::Store(QTextFrameFormat& target) const {
   const auto set = [&](FormatProperty property, int ofSection, int ofDocument) {
     const int value = ofSection > 0 ? ofSection : ofDocument;
-    if (value <= 0) return;
-    format.setProperty(property, value);
-    any = true;
+    if (value > 0) target.setProperty(property, value);
   };
   set(kPageWidth, section.width, document.width);
   set(kPageHeight, section.height, document.height);
@@ -22,7 +17,6 @@ void RtfPage::Store(QTextDocument& target) const {
   set(kPageMarginTop, section.top, document.top);
   set(kPageMarginRight, section.right, document.right);
   set(kPageMarginBottom, section.bottom, document.bottom);
-  if (any) target.rootFrame()->setFrameFormat(format);
 }
 
 }  // namespace snipdeck

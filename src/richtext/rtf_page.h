@@ -1,6 +1,6 @@
 #pragma once
 
-class QTextDocument;
+class QTextFrameFormat;
 
 namespace snipdeck {
 
@@ -19,8 +19,8 @@ struct RtfPage {
   Geometry section;
   int sectionsEnded = 0;
 
-  /// Sets what is known as properties of the document's root frame.
-  void Store(QTextDocument& target) const;
+  /// Sets what is known as properties.
+  void Store(QTextFrameFormat& target) const;
 };
 
 }  // namespace snipdeck

@@ -90,8 +90,8 @@ QTextImageFormat RtfPictures::Add(const RtfPictureInfo& info, const QByteArray& 
   const QByteArrayView pixels(reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes());
   const QByteArray hash = QCryptographicHash::hash(pixels.toByteArray(), QCryptographicHash::Sha1);
   const QString name = QStringLiteral("picture-%1").arg(QString::fromLatin1(hash.toHex().left(24)));
-  const auto same = [&](const Resource& resource) { return resource.name == name; };
-  if (std::none_of(m_resources.begin(), m_resources.end(), same)) m_resources.push_back({name, image});
+  const auto same = [&](const FlowPicture& resource) { return resource.name == name; };
+  if (std::none_of(m_pictures.begin(), m_pictures.end(), same)) m_pictures.push_back({name, image});
   QTextImageFormat format;
   format.setName(name);
   const QSizeF shown = info.ShownSize(natural);

@@ -3,9 +3,8 @@
 #include <vector>
 
 #include <QByteArray>
-#include <QImage>
-#include <QTextFormat>
 
+#include "richtext/flow_text.h"
 #include "richtext/rtf_destination.h"
 #include "richtext/rtf_warnings.h"
 
@@ -37,17 +36,13 @@ class RtfPictures {
 
   /// The format of a picture; a grey field of its size where the data cannot be shown.
   QTextImageFormat Add(const RtfPictureInfo& info, const QByteArray& data);
-  struct Resource {
-    QString name;
-    QImage image;
-  };
-  const std::vector<Resource>& Resources() const { return m_resources; }
+  std::vector<FlowPicture> Take() { return std::move(m_pictures); }
 
  private:
   QImage Decode(const RtfPictureInfo& info, const QByteArray& data);
 
   RtfWarnings& m_warnings;
-  std::vector<Resource> m_resources;
+  std::vector<FlowPicture> m_pictures;
   qint64 m_pixelsLeft = 48'000'000;  ///< Of all pictures together, when decoded.
 };
 

@@ -1,10 +1,7 @@
 #include "richtext/rtf_reader.h"
 
 #include <QTextDocument>
-#include <QTextFrame>
-#include <QUrl>
 
-#include "richtext/document_builder.h"
 #include "richtext/format_properties.h"
 #include "richtext/html_reader.h"
 #include "richtext/rtf_html.h"
@@ -21,45 +18,43 @@ QByteArrayView FromFirstGroup(QByteArrayView bytes) {
   return begin < 0 ? QByteArrayView() : bytes.sliced(begin);
 }
 
-void StoreHeaders(RtfNotes& notes, QTextDocument& document) {
-  QTextFrameFormat format = document.rootFrame()->frameFormat();
+void StoreHeaders(RtfNotes& notes, QTextFrameFormat& page) {
   const auto set = [&](FormatProperty property, const QString& text) {
-    if (!text.trimmed().isEmpty()) format.setProperty(property, text.trimmed());
+    if (!text.trimmed().isEmpty()) page.setProperty(property, text.trimmed());
   };
   set(kHeaderText, notes.HeaderText());
   set(kFooterText, notes.FooterText());
-  if (format != document.rootFrame()->frameFormat()) document.rootFrame()->setFrameFormat(format);
 }
 
-QStringList ReadAsText(QByteArrayView rtf, QTextDocument& document, ReadFor purpose) {
-  DocumentBuilder* builder = nullptr;
+RtfContents ReadAsText(QByteArrayView rtf, ReadFor purpose) {
+  RtfContents contents;
+  FlowText& text = contents.text;
   RtfParser parser(
-      rtf, [&builder](Flow&& flow) { builder->Append(flow); }, purpose);
-  {
-    DocumentBuilder building(document, parser.Formats().Formats());
-    builder = &building;
-    parser.Run();
-    building.Append(parser.Notes().TakeAll());
-  }
-  for (const RtfPictures::Resource& picture : parser.Pictures().Resources()) {
-    document.addResource(QTextDocument::ImageResource, QUrl(picture.name), picture.image);
-  }
-  parser.Page().Store(document);
-  StoreHeaders(parser.Notes(), document);
-  return parser.Warnings().List();
+      rtf, [&text](Flow&& piece) { text.pieces.push_back(std::move(piece)); }, purpose);
+  parser.Run();
+  text.pieces.push_back(parser.Notes().TakeAll());
+  text.formats = parser.Formats().Take();
+  text.pictures = parser.Pictures().Take();
+  parser.Page().Store(text.page);
+  StoreHeaders(parser.Notes(), text.page);
+  contents.warnings = parser.Warnings().List();
+  return contents;
 }
 
 }  // namespace
 
-QStringList ReadRtf(QByteArrayView rtf, QTextDocument& document, ReadFor purpose) {
+RtfContents ReadRtf(QByteArrayView rtf, ReadFor purpose) {
   const QByteArrayView stream = FromFirstGroup(rtf);
-  if (stream.isEmpty()) return {QStringLiteral("no RTF in the bytes")};
-  const bool hadUndo = document.isUndoRedoEnabled();
-  document.setUndoRedoEnabled(false);
-  const QStringList warnings =
-      WrapsHtml(stream) ? ReadHtml(UnwrapHtml(stream), document) : ReadAsText(stream, document, purpose);
-  document.setUndoRedoEnabled(hadUndo);
-  return warnings;
+  if (stream.isEmpty()) return {{}, {}, {QStringLiteral("no RTF in the bytes")}};
+  if (WrapsHtml(stream)) return {{}, UnwrapHtml(stream), {}};
+  return ReadAsText(stream, purpose);
+}
+
+QStringList ReadRtf(QByteArrayView rtf, QTextDocument& document, ReadFor purpose) {
+  const RtfContents contents = ReadRtf(rtf, purpose);
+  if (!contents.html.isEmpty()) return ReadHtml(contents.html, document);
+  FillDocument(contents.text, document);
+  return contents.warnings;
 }
 
 }  // namespace snipdeck

@@ -22,16 +22,32 @@ class RichTextTest : public QObject {
 
  private slots:
   void PutIntoAnEmptyText();
+  void PutIntoTheMiddleOfAParagraph_data() { AddBothKinds(); }
   void PutIntoTheMiddleOfAParagraph();
+  void PutInIsOneUndoStep_data() { AddBothKinds(); }
   void PutInIsOneUndoStep();
+  void PutIntoACellKeepsTheCell_data() { AddBothKinds(); }
   void PutIntoACellKeepsTheCell();
   void ListsGoOnAsLists();
   void PartOfADocument();
   void PlainText_data();
   void PlainText();
+
+ private:
+  static void AddBothKinds();
 };
 
 namespace {
+
+/// A text that is still as the reader of RTF left it takes another way into documents than one that is a document.
+RichText AsIfJustRead(const RichText& text) {
+  return RichText::FromRtf(text.Rtf());
+}
+
+RichText AsAsked(const RichText& text) {
+  QFETCH(bool, justRead);
+  return justRead ? AsIfJustRead(text) : text;
+}
 
 RichText TwoParagraphs() {
   SafeDocument document;
@@ -52,6 +68,12 @@ Qt::Alignment AlignmentOf(const QTextDocument& document, int block) {
 
 }  // namespace
 
+void RichTextTest::AddBothKinds() {
+  QTest::addColumn<bool>("justRead");
+  QTest::newRow("from a document") << false;
+  QTest::newRow("just read") << true;
+}
+
 void RichTextTest::PutIntoAnEmptyText() {
   for (quint32 seed = 1; seed <= 60; ++seed) {
     SafeDocument source;
@@ -63,6 +85,17 @@ void RichTextTest::PutIntoAnEmptyText() {
     const QString difference = test::FirstDifference(source, target);
     QVERIFY2(difference.isEmpty(), qPrintable(QStringLiteral("seed %1 %2").arg(seed).arg(difference)));
     QVERIFY(cursor.atEnd());
+
+    const RichText read = AsIfJustRead(RichText::FromDocument(source));
+    QTextDocument second;
+    QTextCursor inSecond(&second);
+    read.InsertAt(inSecond);
+    QVERIFY(inSecond.atEnd());
+    QVERIFY(!read.IsEmpty() && read.Length() > 0);
+    const QString text = read.PlainText();
+    const QString missed = test::FirstDifference(read.Document(), second);
+    QVERIFY2(missed.isEmpty(), qPrintable(QStringLiteral("seed %1 %2").arg(seed).arg(missed)));
+    QCOMPARE(text, read.PlainText());
   }
 }
 
@@ -71,7 +104,7 @@ void RichTextTest::PutIntoTheMiddleOfAParagraph() {
   target.setPlainText("before after");
   QTextCursor cursor(&target);
   cursor.setPosition(7);
-  TwoParagraphs().InsertAt(cursor);
+  AsAsked(TwoParagraphs()).InsertAt(cursor);
   QCOMPARE(target.toPlainText(), "before one\ntwoafter");
   QCOMPARE(cursor.position(), 14);
   QVERIFY(!(AlignmentOf(target, 0) & Qt::AlignRight));
@@ -79,12 +112,12 @@ void RichTextTest::PutIntoTheMiddleOfAParagraph() {
 
   target.setPlainText("before");
   cursor.movePosition(QTextCursor::End);
-  TwoParagraphs().InsertAt(cursor);
+  AsAsked(TwoParagraphs()).InsertAt(cursor);
   QVERIFY(!(AlignmentOf(target, 0) & Qt::AlignRight));
   QVERIFY(AlignmentOf(target, 1) & Qt::AlignHCenter);  // nothing follows that could lose its own format
 
   target.clear();
-  TwoParagraphs().InsertAt(cursor);
+  AsAsked(TwoParagraphs()).InsertAt(cursor);
   QVERIFY(AlignmentOf(target, 0) & Qt::AlignRight);
 }
 
@@ -96,7 +129,7 @@ void RichTextTest::PutInIsOneUndoStep() {
   QTextCursor cursor(&target);
   cursor.setPosition(11);
   cursor.setPosition(19, QTextCursor::KeepAnchor);
-  RichText::FromDocument(source).InsertAt(cursor);
+  AsAsked(RichText::FromDocument(source)).InsertAt(cursor);
   target.undo();
   QCOMPARE(target.toPlainText(), "keep this, not this");
 }
@@ -107,7 +140,7 @@ void RichTextTest::PutIntoACellKeepsTheCell() {
   QTextTable* const table = cursor.insertTable(2, 2);
   table->mergeCells(0, 0, 1, 2);
   QTextCursor inside = table->cellAt(0, 0).firstCursorPosition();
-  TwoParagraphs().InsertAt(inside);
+  AsAsked(TwoParagraphs()).InsertAt(inside);
   QCOMPARE(table->cellAt(0, 1).columnSpan(), 2);
   QCOMPARE(table->cellAt(1, 0).firstCursorPosition().block().text(), QString());
 }
@@ -142,7 +175,8 @@ void RichTextTest::PlainText_data() {
                                           << "a\nb\nc\nd";
   QTest::newRow("an empty last line") << "a\n"
                                       << "a\n";
-  QTest::newRow("forbidden characters") << QStringLiteral("a%1b\x1b%2").arg(QChar(0)).arg(QChar(0xFDD0)) + QChar(0xD800) << "ab";
+  QTest::newRow("forbidden characters") << QStringLiteral("a%1b\x1b%2").arg(QChar(0)).arg(QChar(0xFDD0)) + QChar(0xD800)
+                                        << "ab";
   QTest::newRow("outside the first plane")
       << QString::fromUcs4(U"\U0001F600\u00A0") << QString::fromUcs4(U"\U0001F600\u00A0");
 }
