@@ -3,8 +3,8 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QLabel>
-#include <QPixmapCache>
 #include <QMenuBar>
+#include <QPixmapCache>
 #include <QResizeEvent>
 
 #include "app/menu_builder.h"
@@ -45,6 +45,8 @@ frmSnipdeck::frmSnipdeck(const MainWindowServices& services)
       m_storage(m_storedBoxes, services.messages, m_settings.storageFolder),
       m_recovery(*m_boxes, services.clipboard, FileInFolder(services.folder, QStringLiteral("QM_Snipdeck.recovery"))),
       m_geometry(*this),
+      m_looks(*this, m_settings, services.fontColourDialogs, services.messages),
+      m_windowSize({*this, m_geometry, services.screen, m_settings, m_looks, [this] { Form_Resize(); }}),
       m_startUp(Parts(), services.folder, services.firstSettings),
       m_shutDown(Parts()) {
   setObjectName("frmSnipdeck");
@@ -76,6 +78,8 @@ MainWindowParts frmSnipdeck::Parts() {
 }
 
 void frmSnipdeck::Form_Load() {
+  m_startUp.Steps().applyButtonColour = [this] { m_looks.ApplyButtonColour(); };
+  m_startUp.Steps().applyControlFonts = [this] { m_looks.ApplyControlFont(*this); };
   m_startUp.Steps().buildSidebar = [this] { BuildSidebar(); };
   m_startUp.Load();
 }
@@ -164,6 +168,14 @@ void frmSnipdeck::mnuHelp_Click() {
   m_interaction.ShowBriefHelp();
 }
 
+void frmSnipdeck::mnuButtonColour_Click() {
+  m_looks.ChooseButtonColour();
+}
+
+void frmSnipdeck::mnuContrlFont_Click() {
+  m_looks.ChooseControlFont();
+}
+
 void frmSnipdeck::mnuCumulative_Click() {
   m_views.ToggleCumulative();
 }
@@ -178,6 +190,10 @@ void frmSnipdeck::mnuSaveTextBoxes_Click() {
 
 void frmSnipdeck::mnuShowAllTypes_Click() {
   m_clipboardWindows.ShowAllTypes();
+}
+
+void frmSnipdeck::mnuScreenSize_Click() {
+  m_windowSize.Run();
 }
 
 void frmSnipdeck::mnuViewBoxLarge_Click() {

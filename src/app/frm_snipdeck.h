@@ -13,6 +13,8 @@
 #include "capture/box_set.h"
 #include "capture/clipboard_capture.h"
 #include "capture/combined_views.h"
+#include "layout/fonts_and_colours.h"
+#include "layout/window_size_command.h"
 #include "navigation/external_programs.h"
 #include "navigation/sidebar.h"
 #include "platform/clipboard.h"
@@ -59,6 +61,8 @@ class frmSnipdeck : public QMainWindow {
   void Form_Load();
   void ctlClipboard1_Changed();
   void mnuAllInOne_Click();
+  void mnuButtonColour_Click();
+  void mnuContrlFont_Click();
   void mnuClipStyles_Click();
   void mnuCopyOneBox_Click();
   void mnuCumulative_Click();
@@ -67,6 +71,7 @@ class frmSnipdeck : public QMainWindow {
   void mnuExplorer_Click();
   void mnuHelp_Click();
   void mnuSaveTextBoxes_Click();
+  void mnuScreenSize_Click();
   void mnuShowAllTypes_Click();
   void mnuTrawler_Click();
   void mnuViewBoxLarge_Click();
@@ -121,6 +126,8 @@ class frmSnipdeck : public QMainWindow {
   BoxStorage m_storage;
   CrashRecovery m_recovery;
   QtWindowGeometry m_geometry;
+  FontsAndColours m_looks;
+  WindowSizeCommand m_windowSize;
   StartUp m_startUp;
   ShutDown m_shutDown;
   bool m_sessionIsEnding = false;

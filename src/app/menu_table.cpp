@@ -97,10 +97,10 @@ constexpr Command kViewEntries[] = {
      "Window si&ze",
      "Ctrl+Shift+F2",
      "window-size",
-     nullptr,
+     &F::mnuScreenSize_Click,
      {2, "cmdScreenSize", "Determine window size"}},
-    {"mnuContrlFont", "&Control font"},
-    {"mnuButtonColour", "&Button colour"},
+    {"mnuContrlFont", "&Control font", "", nullptr, &F::mnuContrlFont_Click},
+    {"mnuButtonColour", "&Button colour", "", nullptr, &F::mnuButtonColour_Click},
 };
 
 constexpr Command kMiscEntries[] = {
