@@ -52,19 +52,16 @@ void ReplaySplice(const RecoveryRecord& record, RichTextControl& control) {
 }
 
 void Replay(const RecoveryRecord& record, BoxSet& boxes) {
-  RichTextControl& control =
-      record.target == RecoveryRecord::kCumulative ? boxes.TXTextControl2() : boxes.Box(record.target);
-  switch (record.kind) {
-    case RecoveryRecord::Kind::Capture:
-      return ReplayCapture(record, boxes);
-    case RecoveryRecord::Kind::Whole:
-      return ReplayWhole(record, control);
-    case RecoveryRecord::Kind::Splice:
-      return ReplaySplice(record, control);
-  }
+  if (record.kind == RecoveryRecord::Kind::Capture) return ReplayCapture(record, boxes);
+  ReplayEdit(record, record.target == RecoveryRecord::kCumulative ? boxes.TXTextControl2() : boxes.Box(record.target));
 }
 
 }  // namespace
+
+void ReplayEdit(const RecoveryRecord& record, RichTextControl& control) {
+  if (record.kind == RecoveryRecord::Kind::Whole) ReplayWhole(record, control);
+  if (record.kind == RecoveryRecord::Kind::Splice) ReplaySplice(record, control);
+}
 
 void ReplayRecords(const QList<RecoveryRecord>& records, BoxSet& boxes) {
   for (const RecoveryRecord& record : records) Replay(record, boxes);

@@ -11,4 +11,7 @@ namespace snipdeck {
 /// box its text, and `CurrentBox` the box of the last copy. The boxes themselves are left empty.
 void ReplayRecords(const QList<RecoveryRecord>& records, BoxSet& boxes);
 
+/// Puts one edit, whole or splice, into the control that it was made in.
+void ReplayEdit(const RecoveryRecord& record, RichTextControl& control);
+
 }  // namespace snipdeck
