@@ -66,6 +66,11 @@ void Sidebar::Fill() {
   m_grid->Fill(RowFont());
 }
 
+void Sidebar::ApplyFont() {
+  for (int row = 0; row < m_grid->rowCount(); ++row)
+    if (QTableWidgetItem* cell = m_grid->item(row, 0)) cell->setFont(RowFont());
+}
+
 QFont Sidebar::RowFont() const {
   QFont font = m_grid->font();
   if (!m_settings.sidebarFontName.isEmpty()) font.setFamily(m_settings.sidebarFontName);

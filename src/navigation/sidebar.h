@@ -37,6 +37,8 @@ class Sidebar : public QObject {
 
   /// Once, when the main window has loaded.
   void Fill();
+  /// Shows the rows in the font that the settings have now.
+  void ApplyFont();
   void SetRowCaption(int row, const QString& caption);
   void SetRowEnabled(int row, bool enabled) { m_grid->SetRowEnabled(row, enabled); }
   void SetHandPointer(const QCursor& pointer) { m_grid->SetHandPointer(pointer); }

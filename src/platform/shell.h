@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include <QString>
 
 #include "platform/result.h"
@@ -20,6 +22,9 @@ class Shell {
   virtual Outcome StartProgram(const QString& program, const QString& argument) = 0;
   /// Opens the user's file manager on a folder. `owner` is the window that asks; 0 for none.
   virtual Outcome ExploreFolder(const QString& folder, WindowHandle owner) = 0;
+  /// Shows the desktop's sheet with the properties of a file. Where the desktop has none, `otherwise` runs instead, now
+  /// or later, and at most once.
+  virtual void ShowProperties(const QString& path, WindowHandle owner, std::function<void()> otherwise) = 0;
   /// Minimises all windows so that the desktop shows, or brings them back. Fails where the desktop does not offer it.
   virtual Outcome ToggleDesktop() = 0;
 };

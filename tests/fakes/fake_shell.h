@@ -18,6 +18,11 @@ class FakeShell : public Shell {
   Outcome ExploreFolder(const QString& folder, WindowHandle owner) override {
     return Write(QStringLiteral("explore [%1] for %2").arg(folder).arg(owner));
   }
+  /// A desktop without such a sheet.
+  void ShowProperties(const QString& path, WindowHandle, std::function<void()> otherwise) override {
+    calls.append(QStringLiteral("properties [%1]").arg(path));
+    otherwise();
+  }
   Outcome ToggleDesktop() override { return Write(QStringLiteral("desktop")); }
 
   QStringList calls;

@@ -27,11 +27,11 @@ Outcome Start(const QString& program, const QStringList& words) {
   return Failure{Failure::Kind::Refused, QStringLiteral("%1 could not be started").arg(program)};
 }
 
-QDBusPendingCall AskFileManager(const QDBusConnection& bus, const QString& folder) {
+QDBusPendingCall AskFileManager(const QDBusConnection& bus, const QString& method, const QString& path) {
   QDBusMessage call = QDBusMessage::createMethodCall(
       QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("/org/freedesktop/FileManager1"),
-      QStringLiteral("org.freedesktop.FileManager1"), QStringLiteral("ShowFolders"));
-  call << QStringList(QUrl::fromLocalFile(folder).toString(QUrl::FullyEncoded)) << QString();
+      QStringLiteral("org.freedesktop.FileManager1"), method);
+  call << QStringList(QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded)) << QString();
   return bus.asyncCall(call, kFileManagerPatience);
 }
 
@@ -50,12 +50,24 @@ Outcome X11Shell::ExploreFolder(const QString& folder, WindowHandle) {
   const QString path = QDir(folder).absolutePath();
   const QDBusConnection bus = QDBusConnection::sessionBus();
   if (!bus.isConnected()) return OpenAsTheUserLikes(path);
-  auto* answer = new QDBusPendingCallWatcher(AskFileManager(bus, path), this);
+  auto* answer = new QDBusPendingCallWatcher(AskFileManager(bus, QStringLiteral("ShowFolders"), path), this);
   connect(answer, &QDBusPendingCallWatcher::finished, this, [path](QDBusPendingCallWatcher* finished) {
     if (finished->isError()) OpenAsTheUserLikes(path);
     finished->deleteLater();
   });
   return Done{};
+}
+
+void X11Shell::ShowProperties(const QString& path, WindowHandle, std::function<void()> otherwise) {
+  const QDBusConnection bus = QDBusConnection::sessionBus();
+  if (!bus.isConnected()) return otherwise();
+  const QString whole = QDir(path).absolutePath();
+  auto* answer = new QDBusPendingCallWatcher(AskFileManager(bus, QStringLiteral("ShowItemProperties"), whole), this);
+  connect(answer, &QDBusPendingCallWatcher::finished, this,
+          [otherwise = std::move(otherwise)](QDBusPendingCallWatcher* finished) {
+            if (finished->isError()) otherwise();
+            finished->deleteLater();
+          });
 }
 
 Outcome X11Shell::ToggleDesktop() {

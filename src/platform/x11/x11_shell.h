@@ -15,6 +15,7 @@ class X11Shell : public QObject, public Shell {
   Outcome StartProgram(const QString& program, const QString& argument) override;
   /// Failures of the file manager itself come too late to be told.
   Outcome ExploreFolder(const QString& folder, WindowHandle owner) override;
+  void ShowProperties(const QString& path, WindowHandle owner, std::function<void()> otherwise) override;
   Outcome ToggleDesktop() override;
 };
 
