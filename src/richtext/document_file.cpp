@@ -6,6 +6,8 @@
 #include <QTextDocument>
 
 #include "platform/whole_file.h"
+#include "richtext/docx/docx_reader.h"
+#include "richtext/flow_text.h"
 #include "richtext/html_reader.h"
 #include "richtext/html_writer.h"
 #include "richtext/rtf_reader.h"
@@ -33,6 +35,18 @@ Result<RichText> ReadRtfFile(const QByteArray& bytes, const FileProgress&) {
   return RichText::FromRtf(bytes, ReadFor::Document);
 }
 
+Result<RichText> ReadDocxFile(const QByteArray& bytes, const FileProgress& progress) {
+  QStringList warnings;
+  Result<FlowText> text = ReadDocx(bytes, warnings, progress);
+  if (!text) return text.Error();
+  return RichText::FromFlow(std::move(text.Value()), warnings);
+}
+
+// For the formats that are only read.
+Result<QByteArray> WriteNothing(const QTextDocument&, const FileProgress&) {
+  return Failure{Failure::Kind::Unsupported, QStringLiteral("Files of this format can only be read.")};
+}
+
 Result<QByteArray> WriteTextFile(const QTextDocument& document, const FileProgress&) {
   return WriteText(document).toUtf8();
 }
@@ -55,6 +69,7 @@ constexpr std::array kCodecs = {
     Codec{FileFormat::PlainText, ReadText, WriteTextFile},
     Codec{FileFormat::Html, ReadHtmlFile, WriteHtmlFile},
     Codec{FileFormat::Rtf, ReadRtfFile, WriteRtfFile},
+    Codec{FileFormat::Docx, ReadDocxFile, WriteNothing},
 };
 
 const Codec* FindCodec(FileFormat format) {

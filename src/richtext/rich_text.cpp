@@ -64,6 +64,13 @@ RichText RichText::FromPlainText(const QString& text) {
   return RichText(std::move(data));
 }
 
+RichText RichText::FromFlow(FlowText&& text, const QStringList& warnings) {
+  auto data = std::make_shared<Data>();
+  data->flow = std::move(text);
+  data->warnings = warnings;
+  return RichText(std::move(data));
+}
+
 RichText RichText::FromDocument(const QTextDocument& document, int begin, int end) {
   auto data = std::make_shared<Data>();
   data->document.setDefaultFont(document.defaultFont());
@@ -89,6 +96,10 @@ QString RichText::Characters() const {
 
 qsizetype RichText::Length() const {
   return m_data->flow ? LengthOf(*m_data->flow) : EndOf(m_data->document);
+}
+
+bool RichText::HasFrames() const {
+  return m_data->flow ? HasTables(*m_data->flow) : !m_data->document.rootFrame()->childFrames().isEmpty();
 }
 
 QByteArray RichText::Rtf() const {

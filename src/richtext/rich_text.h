@@ -11,6 +11,8 @@ class QTextDocument;
 
 namespace snipdeck {
 
+struct FlowText;
+
 /// Whom a text is read for: a box shows the body alone, a document keeps headers and footers too.
 enum class ReadFor { Box, Document };
 
@@ -27,6 +29,8 @@ class RichText {
   static RichText FromHtml(QByteArrayView html);
   /// Plain text with line ends of any kind.
   static RichText FromPlainText(const QString& text);
+  /// What another reader left.
+  static RichText FromFlow(FlowText&& text, const QStringList& warnings);
   /// The characters [begin, end) of `document`, with their formats; end -1 means to the end.
   static RichText FromDocument(const QTextDocument& document, int begin = 0, int end = -1);
 
@@ -37,6 +41,8 @@ class RichText {
   QString Characters() const;
   /// How many characters it has, about: enough to tell whether it will take long to show.
   qsizetype Length() const;
+  /// Whether there are tables or frames among its paragraphs.
+  bool HasFrames() const;
   /// The text as RTF; written at the first call, then kept.
   QByteArray Rtf() const;
   /// Puts the text in place of the cursor's selection and leaves the cursor behind it. One undo step.

@@ -1,10 +1,10 @@
 #include "richtext/rtf_writer_lists.h"
 
-#include <QRegularExpression>
 #include <QTextList>
 
 #include "richtext/format_properties.h"
 #include "richtext/format_values.h"
+#include "richtext/list_labels.h"
 
 namespace snipdeck {
 namespace {
@@ -28,49 +28,8 @@ int NumberCode(QTextListFormat::Style style) {
   }
 }
 
-bool IsBullet(const QTextListFormat& format) {
-  return NumberCode(format.style()) == kBulletCode;
-}
-
-/// Qt shows a full stop behind a number when the format does not say otherwise.
-QString Suffix(const QTextListFormat& format) {
-  return format.hasProperty(QTextFormat::ListNumberSuffix) ? format.numberSuffix().left(50) : QStringLiteral(".");
-}
-
 void WriteByte(RtfOutput& out, int byte) {
   out.Raw("\\'" + QByteArray::number(byte & 0xFF, 16).rightJustified(2, '0'));
-}
-
-/// A label in pieces: text, and places for the number of a level.
-struct LabelPiece {
-  QString text;
-  int level = -1;  ///< -1 for text
-};
-
-/// "1.b.iv)" on the third level names the numbers of three levels.
-QList<LabelPiece> PiecesOfNumbers(const QString& label, int level) {
-  static const QRegularExpression kPiece(
-      QStringLiteral("(\\d+|\\b[A-Za-z]\\b|\\b(?:[ivxlcdm]+|[IVXLCDM]+)\\b)|([^\\W\\d_]+|[\\W_]+)"));
-  QList<LabelPiece> pieces;
-  int numbers = 0;
-  for (auto it = kPiece.globalMatch(label.left(50)); it.hasNext();) {
-    const QRegularExpressionMatch match = it.next();
-    numbers += match.hasCaptured(1);
-    pieces.append(match.hasCaptured(1) ? LabelPiece{{}, 0} : LabelPiece{match.captured(2), -1});
-  }
-  if (numbers < 1 || numbers > level + 1) return {};
-  int next = level + 1 - numbers;
-  for (LabelPiece& piece : pieces) {
-    if (piece.level == 0) piece.level = next++;
-  }
-  return pieces;
-}
-
-QList<LabelPiece> PiecesOf(const QTextListFormat& format, const QString& label, int level) {
-  if (IsBullet(format)) return {{label.isEmpty() ? BulletOf(format.style()) : label.left(50), -1}};
-  QList<LabelPiece> pieces = PiecesOfNumbers(label, level);
-  if (!pieces.isEmpty()) return pieces;
-  return {{format.numberPrefix().left(50), -1}, {{}, level}, {Suffix(format), -1}};
 }
 
 /// The label with its length in front, then the places of the numbers in it.
@@ -133,7 +92,7 @@ void RtfLists::WriteLevel(RtfOutput& out, const Level& level, int number) {
   out.Word("leveljc", 0);
   out.Word("levelfollow", 0);
   out.Word("levelstartat", format.hasProperty(kListStart) ? format.intProperty(kListStart) : 1);
-  WriteLabel(out, PiecesOf(format, level.label, number));
+  WriteLabel(out, PiecesOfLabel(format, level.label, number));
   out.Word("fi", -kStepTwips);
   out.Word("li", kStepTwips * 2 * (number + 1));
   out.CloseGroup();

@@ -8,10 +8,8 @@
 #include <QGuiApplication>
 #include <QSaveFile>
 
-#include "richtext/html_writer.h"
+#include "richtext/document_file.h"
 #include "richtext/rich_text.h"
-#include "richtext/rtf_writer.h"
-#include "richtext/text_decoder.h"
 #include "richtext/text_writer.h"
 #include "storage/file_types.h"
 
@@ -33,30 +31,9 @@ void Say(const QString& message) {
   std::fprintf(stderr, "richtext_convert: %s\n", qPrintable(message));
 }
 
-std::optional<RichText> Read(FileFormat format, const QByteArray& bytes) {
-  switch (format) {
-    case FileFormat::Rtf:
-      return RichText::FromRtf(bytes, ReadFor::Document);
-    case FileFormat::Html:
-      return RichText::FromHtml(bytes);
-    case FileFormat::PlainText:
-      return RichText::FromPlainText(DecodeText(bytes));
-    default:
-      return std::nullopt;
-  }
-}
-
-std::optional<QByteArray> Write(const RichText& text, const Task& task) {
-  switch (task.to) {
-    case FileFormat::Rtf:
-      return text.Rtf();
-    case FileFormat::Html:
-      return WriteHtml(text.Document());
-    case FileFormat::PlainText:
-      return WriteText(text.Document(), 0, -1, task.labels).toUtf8();
-    default:
-      return std::nullopt;
-  }
+Result<QByteArray> Written(const RichText& text, const Task& task) {
+  if (task.to == FileFormat::PlainText && task.labels) return WriteText(text.Document(), 0, -1, true).toUtf8();
+  return WriteDocumentBytes(text.Document(), task.to);
 }
 
 QString Save(const QString& name, const QByteArray& bytes) {
@@ -76,18 +53,20 @@ ExitCode Convert(const Task& task) {
     Say(QStringLiteral("cannot read \"%1\": %2").arg(task.input, input.errorString()));
     return kCannotRead;
   }
-  const std::optional<RichText> text = Read(task.from, input.readAll());
+  const Result<RichText> text = ReadDocumentBytes(input.readAll(), task.from);
   if (!text) {
-    Say(QStringLiteral("cannot read format %1 (\"%2\")").arg(static_cast<int>(task.from)).arg(task.input));
+    Say(QStringLiteral("cannot read \"%1\" as format %2: %3")
+            .arg(task.input, QString::number(static_cast<int>(task.from)), text.Error().text));
     return kCannotRead;
   }
-  for (const QString& warning : text->Warnings()) Say(QStringLiteral("%1: %2").arg(task.input, warning));
-  const std::optional<QByteArray> bytes = Write(*text, task);
+  for (const QString& warning : text.Value().Warnings()) Say(QStringLiteral("%1: %2").arg(task.input, warning));
+  const Result<QByteArray> bytes = Written(text.Value(), task);
   if (!bytes) {
-    Say(QStringLiteral("cannot write format %1 (\"%2\")").arg(static_cast<int>(task.to)).arg(task.output));
+    Say(QStringLiteral("cannot write \"%1\" as format %2: %3")
+            .arg(task.output, QString::number(static_cast<int>(task.to)), bytes.Error().text));
     return kCannotWrite;
   }
-  const QString failure = Save(task.output, *bytes);
+  const QString failure = Save(task.output, bytes.Value());
   if (failure.isEmpty()) return kConverted;
   Say(QStringLiteral("cannot write \"%1\": %2").arg(task.output, failure));
   return kCannotWrite;
@@ -106,7 +85,7 @@ std::optional<Task> TaskFromArguments(const QStringList& arguments) {
   parser.addHelpOption();
   parser.addPositionalArgument(QStringLiteral("IN"), QStringLiteral("File to read; - for standard input."));
   parser.addPositionalArgument(QStringLiteral("OUT"), QStringLiteral("File to write; - for standard output."));
-  const QString codes = QStringLiteral("1 text, 4 HTML, 5 RTF");
+  const QString codes = QStringLiteral("1 text, 4 HTML, 5 RTF, 9 DOC, 10 XML, 11 CSS, 12 PDF, 13 DOCX, 15 XLSX");
   const QCommandLineOption from(QStringLiteral("from"), QStringLiteral("Read as this format: %1.").arg(codes), "code");
   const QCommandLineOption to(QStringLiteral("to"), QStringLiteral("Write this format: %1.").arg(codes), "code");
   const QCommandLineOption labels(QStringLiteral("labels"), QStringLiteral("Show list numbers and bullets in text."));
