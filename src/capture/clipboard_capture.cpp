@@ -1,10 +1,11 @@
 #include "capture/clipboard_capture.h"
 
-#include "capture/last_paragraph.h"
-#include "richtext/clipboard_text.h"
-
 #include <QApplication>
 #include <QLabel>
+#include <QTextDocument>
+
+#include "capture/last_paragraph.h"
+#include "richtext/clipboard_text.h"
 
 namespace snipdeck {
 
@@ -16,6 +17,19 @@ void FocusIfShown(RichTextControl& control) {
   const bool typingElsewhere = focused && focused != &control && focused->testAttribute(Qt::WA_InputMethodEnabled);
   if (control.isVisible() && !typingElsewhere) control.setFocus();
 }
+
+/// Captures are no steps of undo: noting them would cost time, and memory that grows with every copy.
+class WithoutUndo {
+ public:
+  explicit WithoutUndo(RichTextControl& control) : m_document(*control.document()) {
+    m_document.setUndoRedoEnabled(false);
+  }
+  ~WithoutUndo() { m_document.setUndoRedoEnabled(true); }
+  Q_DISABLE_COPY_MOVE(WithoutUndo)
+
+ private:
+  QTextDocument& m_document;
+};
 
 }  // namespace
 
@@ -30,6 +44,17 @@ void ClipboardCapture::ProcessClipboard() {
   AdvanceRing();
   AppendToCumulative();
   FileIntoBox();
+}
+
+void ClipboardCapture::AppendOnly() {
+  StageContents();
+  AppendToCumulative();
+}
+
+void ClipboardCapture::ShowAsLatest() {
+  NameKind();
+  for (int n = 1; n <= kBoxCount; ++n)
+    m_boxes.Box(n).SetBackColor(n == m_boxes.CurrentBox ? kLatestBoxColour : kBoxColour);
 }
 
 bool ClipboardCapture::CaptureIsOff() const {
@@ -75,6 +100,7 @@ void ClipboardCapture::AdvanceRing() {
 void ClipboardCapture::AppendToCumulative() {
   RichTextControl& cumulative = m_boxes.TXTextControl2();
   FocusIfShown(cumulative);
+  const WithoutUndo withoutUndo(cumulative);
   if (m_clipboard.HasFormat(kFormatRichText)) {
     cumulative.AppendRichText(m_boxes.txtView.SelRtf());
   } else {
@@ -82,7 +108,6 @@ void ClipboardCapture::AppendToCumulative() {
   }
   cumulative.AppendText(QStringLiteral("\n"));
   ResetLastParagraph(cumulative);
-  cumulative.ClearUndoHistory();
 }
 
 void ClipboardCapture::FileIntoBox() {
@@ -92,8 +117,8 @@ void ClipboardCapture::FileIntoBox() {
   RichTextControl& box = m_boxes.Box(m_boxes.CurrentBox);
   box.SetText(QString());
   box.SetBackColor(kLatestBoxColour);
+  const WithoutUndo withoutUndo(box);
   box.SetSelRichText(captured);
-  box.ClearUndoHistory();
 }
 
 }  // namespace snipdeck

@@ -83,7 +83,7 @@ void MeasureCapture(const QByteArray& rtf) {
   const double parse = Milliseconds([&] { Parse(rtf); });
   const double capture = Milliseconds([&] {
     const RichText text = RichText::FromRtf(rtf);
-    QTextDocument box, cumulative;
+    SafeDocument box, cumulative;  // without undo, as the boxes are for a capture
     for (QTextDocument* document : {&box, &cumulative}) {
       QTextCursor cursor(document);
       text.InsertAt(cursor);
