@@ -14,6 +14,10 @@ class ClipboardCapture {
 
   /// Runs once for each change of the clipboard. Shows no message, whatever fails.
   void ProcessClipboard();
+  /// Parts of it, for copies that come back after a crash: the first only puts the copy at the end of the cumulative
+  /// text, staged as always; the second shows that the box `CurrentBox` has the latest copy.
+  void AppendOnly();
+  void ShowAsLatest();
 
  private:
   bool CaptureIsOff() const;
