@@ -9,6 +9,7 @@
 
 #include "app/menu_builder.h"
 #include "app/program_folder.h"
+#include "dialogs/frm_settings.h"
 #include "layout/main_window_layout.h"
 #include "layout/place_beside.h"
 #include "navigation/sidebar_rows.h"
@@ -162,6 +163,11 @@ void frmSnipdeck::mnuCopyOneBox_Click() {
 
 void frmSnipdeck::mnuEmpty_Click() {
   m_views.EmptyAllBoxes();
+}
+
+void frmSnipdeck::mnuSettings_Click() {
+  frmSettings({m_settings, *m_boxes, *m_sidebar, m_looks, m_services.fontColourDialogs, m_services.fileDialogs}, this)
+      .exec();
 }
 
 void frmSnipdeck::mnuHelp_Click() {

@@ -72,6 +72,7 @@ class frmSnipdeck : public QMainWindow {
   void mnuHelp_Click();
   void mnuSaveTextBoxes_Click();
   void mnuScreenSize_Click();
+  void mnuSettings_Click();
   void mnuShowAllTypes_Click();
   void mnuTrawler_Click();
   void mnuViewBoxLarge_Click();

@@ -108,7 +108,7 @@ constexpr Command kMiscEntries[] = {
     {"mnuNewTextFile", "&New text file", "Ctrl+N"},
     {},
     {"mnuHelp", "Brief &help", "Shift+F1", nullptr, &F::mnuHelp_Click},
-    {"mnuSettings", "&Settings", "F3", "settings", nullptr, {14, "cmdSettings", "Determine program settings"}},
+    {"mnuSettings", "&Settings", "F3", "settings", &F::mnuSettings_Click, {14, "cmdSettings", "Determine program settings"}},
     {},
     {"mnuTrawler",
      "&Mini Trawler",
