@@ -2,6 +2,7 @@
 
 #include <QAbstractTextDocumentLayout>
 #include <QScrollBar>
+#include <QTextDocument>
 
 #include "platform/qt/rich_text_control.h"
 
@@ -11,6 +12,7 @@ void ControlCompanion::Follow(RichTextControl* control) {
   if (m_control) {
     m_control->disconnect(this);
     m_control->horizontalScrollBar()->disconnect(this);
+    m_control->document()->disconnect(this);
     m_control->document()->documentLayout()->disconnect(this);
   }
   m_control = control;
@@ -23,9 +25,16 @@ void ControlCompanion::Follow(RichTextControl* control) {
     connect(control, &RichTextControl::ZoomChanged, this, refresh);
     connect(control, &QObject::destroyed, this, refresh);
     connect(control->horizontalScrollBar(), &QScrollBar::valueChanged, this, refresh);
-    connect(control->document()->documentLayout(), &QAbstractTextDocumentLayout::documentSizeChanged, this, refresh);
+    connect(control->document(), &QTextDocument::documentLayoutChanged, this, &ControlCompanion::FollowLayout);
+    FollowLayout();
   }
   ScheduleRefresh();
+}
+
+// A control takes another layout when its text becomes a very long one.
+void ControlCompanion::FollowLayout() {
+  connect(m_control->document()->documentLayout(), &QAbstractTextDocumentLayout::documentSizeChanged, this,
+          &ControlCompanion::ScheduleRefresh);
 }
 
 void ControlCompanion::ScheduleRefresh() {

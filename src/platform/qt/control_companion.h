@@ -30,6 +30,7 @@ class ControlCompanion : public QWidget {
   void showEvent(QShowEvent* event) override;
 
  private:
+  void FollowLayout();
   void RefreshNow();
 
   QPointer<RichTextControl> m_control;

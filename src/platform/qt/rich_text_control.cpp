@@ -19,8 +19,9 @@
 #include "platform/qt/dialogs/find_replace_dialog.h"
 #include "platform/qt/dialogs/font_dialog.h"
 #include "platform/qt/dialogs/paragraph_dialog.h"
-#include "platform/qt/layout_pause.h"
 #include "platform/qt/endless_word.h"
+#include "platform/qt/layout/long_text_view.h"
+#include "platform/qt/layout_pause.h"
 #include "platform/qt/page_view/page_view.h"
 #include "platform/qt/printing/page_printing.h"
 #include "platform/qt/rich_text_mime.h"
@@ -87,7 +88,8 @@ QImage PlaceholderImage() {
 }  // namespace
 
 RichTextControl::RichTextControl(QWidget* parent)
-    : QTextEdit(parent), m_zoomedDevice(std::make_unique<ZoomedDevice>(*viewport())) {
+    : QTextEdit(parent), m_zoomedDevice(std::make_unique<ZoomedDevice>(*viewport())),
+      m_longText(std::make_unique<LongTextView>(*this, *m_zoomedDevice)) {
   setAcceptRichText(true);
   setFont(DefaultFont());
   setTabStopDistance(kTabDistance);
@@ -106,26 +108,28 @@ QString RichTextControl::Text() const {
 }
 
 void RichTextControl::SetText(const QString& text) {
-  const LayoutPause pause(*this, text.size() > kLongText);
   QTextDocument* const content = document();
   const bool wasHuge = content->characterCount() > kHugeText;
   content->setUndoRedoEnabled(false);
   content->clear();
   setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-  BreakEndlessWords(text);
+  Expect(text);
+  const LayoutPause pause(*this, text.size() > kLongText && !m_longText->IsLong());
   content->setPlainText(text);
   if (wasHuge) ReturnFreeMemory();
   content->setUndoRedoEnabled(true);
   setTextCursor(QTextCursor(content));
 }
 
-// Until the control is emptied; one such word makes every placing of its lines slow.
-void RichTextControl::BreakEndlessWords(const QString& text) {
+// Endless words are broken until the control is emptied; one such word makes every placing of its lines slow.
+void RichTextControl::Expect(const QString& text) {
+  m_longText->Expect(text.size(), false);
   if (HasEndlessWord(text)) setWordWrapMode(QTextOption::WrapAnywhere);
 }
 
-void RichTextControl::BreakEndlessWords(const RichText& text) {
-  if (text.Document().characterCount() > kEndlessWord) BreakEndlessWords(text.PlainText());
+void RichTextControl::Expect(const RichText& text) {
+  m_longText->Expect(text.Length(), text.HasFrames());
+  if (text.Length() >= kEndlessWord && HasEndlessWord(text.Characters())) setWordWrapMode(QTextOption::WrapAnywhere);
 }
 
 int RichTextControl::LastPosition() const {
@@ -170,7 +174,7 @@ QString RichTextControl::SelText() const {
 }
 
 void RichTextControl::SetSelText(const QString& text) {
-  BreakEndlessWords(text);
+  Expect(text);
   QTextCursor cursor = textCursor();
   cursor.insertText(text);
   PlaceCaret(cursor, hasFocus());
@@ -193,15 +197,15 @@ RichText RichTextControl::SelRichText() const {
 // What fills an empty control can be read from its start, a long text while the rest of it is still being placed.
 void RichTextControl::SetSelRichText(const RichText& text) {
   const bool inView = hasFocus() && !document()->isEmpty();
-  const LayoutPause pause(*this, !inView && text.Document().characterCount() > kLongText);
-  BreakEndlessWords(text);
+  Expect(text);
+  const LayoutPause pause(*this, !inView && !m_longText->IsLong() && text.Length() > kLongText);
   QTextCursor cursor = textCursor();
   text.InsertAt(cursor);
   PlaceCaret(cursor, inView);
 }
 
 void RichTextControl::AppendText(const QString& text) {
-  BreakEndlessWords(text);
+  Expect(text);
   QTextCursor cursor(document());
   cursor.movePosition(QTextCursor::End);
   cursor.insertText(text, QTextCharFormat());
@@ -209,7 +213,7 @@ void RichTextControl::AppendText(const QString& text) {
 }
 
 void RichTextControl::AppendRichText(const RichText& text) {
-  BreakEndlessWords(text);
+  Expect(text);
   QTextCursor cursor(document());
   cursor.movePosition(QTextCursor::End);
   text.InsertAt(cursor);
@@ -448,7 +452,7 @@ void RichTextControl::wheelEvent(QWheelEvent* event) {
 // lines of a hidden control, so the work is put off until it is shown; finished lines are kept.
 void RichTextControl::hideEvent(QHideEvent* event) {
   QTextEdit::hideEvent(event);
-  if (m_pageView) return;
+  if (m_pageView || m_longText->IsLong()) return;
   const bool allPlaced = document()->lastBlock().layout()->lineCount() > 0;
   if (!allPlaced) document()->setPageSize(QSizeF(0, 0));
 }
@@ -468,7 +472,7 @@ void RichTextControl::PlaceAnew() {
   m_placedFor.reset();
   if (m_pageView) return;
   m_isPlacing = true;
-  QTextEdit::resizeEvent(&resized);
+  m_longText->KeepingView([&] { QTextEdit::resizeEvent(&resized); });
   m_isPlacing = false;
 }
 

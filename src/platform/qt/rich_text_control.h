@@ -16,6 +16,7 @@
 
 namespace snipdeck {
 
+class LongTextView;
 class MessageBox;
 class PagedCopy;
 class PageView;
@@ -207,8 +208,8 @@ class RichTextControl : public QTextEdit {
   void ShowLines();
   void ApplyPalette();
   void Paste();
-  void BreakEndlessWords(const QString& text);
-  void BreakEndlessWords(const RichText& text);
+  void Expect(const QString& text);
+  void Expect(const RichText& text);
   int LastPosition() const;
   Outcome SaveTo(const QString& path, FileFormat format);
   void ReportFailure(int number, const QString& description);
@@ -242,6 +243,7 @@ class RichTextControl : public QTextEdit {
   bool m_modified = false;
   int m_zoomValue = 100;
   std::unique_ptr<ZoomedDevice> m_zoomedDevice;
+  std::unique_ptr<LongTextView> m_longText;
   QPointer<TXRuler> m_ruler;
   QPointer<TXButtonBar> m_buttonBar;
   QPointer<TXStatusBar> m_statusBar;

@@ -4,6 +4,7 @@
 
 #include "platform/print_dialog.h"
 #include "platform/qt/dialogs/page_setup_dialog.h"
+#include "platform/qt/layout/long_text_view.h"
 #include "platform/qt/page_view/page_view.h"
 #include "platform/qt/printing/page_printing.h"
 #include "platform/qt/rich_text_control.h"
@@ -42,6 +43,7 @@ void RichTextControl::ShowPages() {
   m_lineScroll = {verticalScrollBar()->value(), -1, document()->revision(), m_zoomValue};
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  m_longText->AllowLong(false);
   m_pageView = std::make_unique<PageView>(*this);
   if (!fromStart) m_pageView->ScrollTo(anchor);
   if (caretIsSeen) m_pageView->ScrollToCaret();
@@ -58,6 +60,7 @@ void RichTextControl::ShowLines() {
   const PageView::Anchor anchor = m_pageView->TopAnchor();
   m_pageView.reset();
   document()->documentLayout()->setPaintDevice(m_zoomedDevice.get());
+  m_longText->AllowLong(true);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   const auto restore = [=, this] {

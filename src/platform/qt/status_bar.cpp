@@ -42,7 +42,9 @@ int LinesSince(double pageTop, QTextBlock block, const QTextLine& caretLine) {
       ++lines;
     }
     block = block.previous();
-    if (block.isValid()) index = block.layout()->lineCount() - 1;
+    if (!block.isValid()) break;
+    layout->blockBoundingRect(block);  // which places its lines
+    index = block.layout()->lineCount() - 1;
   }
   return lines;
 }

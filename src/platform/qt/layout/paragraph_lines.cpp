@@ -1,0 +1,88 @@
+#include "platform/qt/layout/paragraph_lines.h"
+
+#include <cmath>
+
+#include <QStyle>
+#include <QTextDocument>
+#include <QTextLayout>
+#include <QTextList>
+
+namespace snipdeck {
+
+namespace {
+
+constexpr double kEndlessLine = 1e6;  // pixels; QTextLine counts in 1/64 of them, in 32 bits
+
+/// Where one line goes within its paragraph, and how far it reaches.
+struct LinePlace {
+  double top;
+  double bottom;
+  double next;
+};
+
+LinePlace PlaceOf(const QTextLine& line, double y, const QTextBlockFormat& format, double scale) {
+  const double advance = format.lineHeight(std::ceil(line.ascent() + line.descent() + line.leading()), scale);
+  double raisedBy = 0;
+  if (format.lineHeightType() == QTextBlockFormat::FixedHeight)
+    raisedBy = line.ascent() + std::max(line.leading(), 0.0) - advance * 4 / 5;
+  if (format.lineHeightType() == QTextBlockFormat::MinimumHeight) raisedBy = line.height() - advance;
+  return {y - raisedBy, y + format.lineHeight(line.height(), scale), y + advance};
+}
+
+QTextOption OptionFor(const QTextBlock& block, const TextColumn& column) {
+  const QTextBlockFormat format = block.blockFormat();
+  QTextOption option = block.document()->defaultTextOption();
+  const Qt::LayoutDirection direction = block.textDirection();
+  option.setTextDirection(direction);
+  option.setTabs(format.tabPositions());
+  const Qt::Alignment alignment =
+      format.hasProperty(QTextFormat::BlockAlignment) ? format.alignment() : option.alignment();
+  option.setAlignment(QStyle::visualAlignment(direction, alignment));
+  if (format.nonBreakableLines() || !column.wraps) option.setWrapMode(QTextOption::ManualWrap);
+  return option;
+}
+
+}  // namespace
+
+double SpaceAbove(const QTextBlock& block, const TextColumn& column) {
+  const QTextBlock previous = block.previous();
+  if (!previous.isValid()) return 0;
+  return std::max(block.blockFormat().topMargin(), previous.blockFormat().bottomMargin()) * column.scale;
+}
+
+double IndentOf(const QTextBlock& block, const TextColumn& column) {
+  const QTextList* const list = block.textList();
+  const int steps = block.blockFormat().indent() + (list ? list->format().indent() : 0);
+  return steps * block.document()->indentWidth() * column.scale;
+}
+
+double PlaceLines(const QTextBlock& block, const TextColumn& column) {
+  QTextLayout& layout = *block.layout();
+  const QTextBlockFormat format = block.blockFormat();
+  const bool leftToRight = block.textDirection() == Qt::LeftToRight;
+  const double indent = IndentOf(block, column);
+  const double left = format.leftMargin() + (leftToRight ? indent : 0);
+  const double right = format.rightMargin() + (leftToRight ? 0 : indent);
+  const double width = column.wraps ? column.width - left - right : kEndlessLine;
+  double firstIndent = format.textIndent();
+  double y = 0;
+  double bottom = 0;
+
+  layout.setTextOption(OptionFor(block, column));
+  layout.beginLayout();
+  for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+    line.setLeadingIncluded(true);
+    line.setLineWidth(width - firstIndent);
+    // A picture may be wider than the column.
+    if (line.naturalTextWidth() > width - firstIndent) line.setLineWidth(line.naturalTextWidth());
+    const LinePlace place = PlaceOf(line, y, format, column.scale);
+    line.setPosition(QPointF(left + (leftToRight ? firstIndent : 0), place.top));
+    bottom = place.bottom;
+    y = place.next;
+    firstIndent = 0;
+  }
+  layout.endLayout();
+  return std::max(y, bottom);
+}
+
+}  // namespace snipdeck
