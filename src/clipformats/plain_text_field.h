@@ -8,8 +8,6 @@ namespace snipdeck {
 
 /// A field of plain text: what is pasted loses its formats, and what is copied has none.
 class PlainTextField : public RichTextControl {
-  Q_OBJECT
-
  public:
   explicit PlainTextField(QWidget* parent) : RichTextControl(parent) { setAcceptRichText(false); }
 
