@@ -1,6 +1,8 @@
 #include "platform/x11/clipboard_handover.h"
 
+#include <QClipboard>
 #include <QElapsedTimer>
+#include <QGuiApplication>
 #include <QMimeData>
 
 #include "platform/x11/event_pause.h"
@@ -10,9 +12,9 @@ namespace snipdeck {
 
 namespace {
 
-constexpr int kTotalMs = 1000;
-// A manager that does not take it leaves the holder time enough.
-constexpr int kManagerMs = 400;
+// Together within a second.
+constexpr int kHolderMs = 700;
+constexpr int kManagerMs = 250;
 // Between two looks whether it is done.
 constexpr int kPollMs = 10;
 
@@ -36,19 +38,34 @@ OfferedData AllOf(const QMimeData& data) {
 }  // namespace
 
 Outcome ClipboardHandover::Run() {
+  // The selected text ends with the program. Qt would ask the manager to keep it, too.
+  QGuiApplication::clipboard()->clear(QClipboard::Selection);
   if (!OwnsClipboard()) return Done{};
-  QElapsedTimer elapsed;
-  elapsed.start();
   XConnection connection;
   if (!connection.IsValid()) return Failure{Failure::Kind::Unsupported, QStringLiteral("there is no display")};
   if (!IsOwnWindow(connection.SelectionOwner())) return Done{};
-  if (connection.SelectionOwner("CLIPBOARD_MANAGER") != XCB_WINDOW_NONE && GiveToManager(connection, kManagerMs)) {
-    return Done{};
-  }
-  return GiveToHolder(connection, kTotalMs - static_cast<int>(elapsed.elapsed()));
+  const Outcome held = GiveToHolder(connection);
+  if (held || GiveToManager(connection, kManagerMs)) return Done{};
+  QGuiApplication::clipboard()->clear();
+  return held;
+}
+
+Outcome ClipboardHandover::GiveToHolder(XConnection& connection) {
+  QElapsedTimer elapsed;
+  elapsed.start();
+  const QMimeData* data = OwnMimeData();
+  if (!data) return Done{};
+  const OfferedData offers = AllOf(*data);
+  const int left = kHolderMs - static_cast<int>(elapsed.elapsed());
+  const Outcome started = HoldInProcess(m_holderProgram, offers, connection.SelectionOwner(), left);
+  if (!started) return started;
+  // While Qt takes itself for the owner it would ask the manager when it ends.
+  HandleEventsUntil([] { return !OwnsClipboard(); }, kHolderMs - static_cast<int>(elapsed.elapsed()));
+  return Done{};
 }
 
 bool ClipboardHandover::GiveToManager(XConnection& connection, int milliseconds) {
+  if (connection.SelectionOwner("CLIPBOARD_MANAGER") == XCB_WINDOW_NONE) return false;
   bool isAnswered = false;
   bool isSaved = false;
   const xcb_atom_t property = connection.Atom("QM_SNIPDECK_SAVE");
@@ -64,20 +81,6 @@ bool ClipboardHandover::GiveToManager(XConnection& connection, int milliseconds)
   HandleEventsUntil([&] { return isAnswered; }, milliseconds);
   connection.disconnect();
   return isSaved;
-}
-
-Outcome ClipboardHandover::GiveToHolder(XConnection& connection, int milliseconds) {
-  QElapsedTimer elapsed;
-  elapsed.start();
-  const QMimeData* data = OwnMimeData();
-  if (!data) return Done{};
-  const OfferedData offers = AllOf(*data);
-  const int left = milliseconds - static_cast<int>(elapsed.elapsed());
-  const Outcome started = HoldInProcess(m_holderProgram, offers, connection.SelectionOwner(), left);
-  if (!started) return started;
-  // While Qt takes itself for the owner it would try the manager again when it ends, and wait far longer.
-  HandleEventsUntil([] { return !OwnsClipboard(); }, milliseconds - static_cast<int>(elapsed.elapsed()));
-  return Done{};
 }
 
 }  // namespace snipdeck

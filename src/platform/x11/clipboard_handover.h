@@ -8,8 +8,9 @@
 
 namespace snipdeck {
 
-/// Gives what this program has on the clipboard into other hands before it ends: to the clipboard manager if one runs
-/// and takes it, otherwise to a small program that keeps it until somebody else copies.
+/// Gives what this program has on the clipboard into other hands before it ends: to a small program that keeps it until
+/// somebody else copies, or, where that does not start, to the clipboard manager. The manager comes second because it
+/// may hang, and Qt, which asks it at the end for what is still its own, waits five seconds for it.
 class ClipboardHandover {
  public:
   /// `holderProgram` is the path of that program.
@@ -20,8 +21,8 @@ class ClipboardHandover {
   Outcome Run();
 
  private:
+  Outcome GiveToHolder(XConnection& connection);
   bool GiveToManager(XConnection& connection, int milliseconds);
-  Outcome GiveToHolder(XConnection& connection, int milliseconds);
 
   QString m_holderProgram;
 };

@@ -77,6 +77,7 @@ void SnapshotReader::HandleProperty(const xcb_property_notify_event_t& event) {
 void SnapshotReader::Supersede() {
   if (IsFinished()) return;
   if (m_changesWhileRead++ == 0) m_supersededTimer.start();
+  if (!KnowsSecrecy()) ++m_changesUntilSecrecy;
 }
 
 void SnapshotReader::OwnerGone() {

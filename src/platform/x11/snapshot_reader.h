@@ -54,6 +54,8 @@ class SnapshotReader : public QObject {
   bool IsSecret() const { return m_isSecret; }
   /// Whether IsSecret() is the last word.
   bool KnowsSecrecy() const { return m_stage == Stage::Contents || m_stage == Stage::Finished; }
+  /// Whether IsSecret() was learnt before any newer change, and so from this copy's own owner.
+  bool SecrecyIsItsOwn() const { return KnowsSecrecy() && m_changesUntilSecrecy == 0; }
   /// False if nothing could be read, or if the contents are secret.
   bool HasContents() const;
   const ClipboardSnapshot& Snapshot() const { return m_snapshot; }
@@ -90,6 +92,7 @@ class SnapshotReader : public QObject {
   TransferLimits m_limits;
   Stage m_stage = Stage::Targets;
   int m_changesWhileRead = 0;
+  int m_changesUntilSecrecy = 0;
   bool m_isSecret = false;
   std::vector<std::unique_ptr<SelectionTransfer>> m_transfers;
   std::vector<xcb_atom_t> m_offered;

@@ -119,10 +119,12 @@ X11ClipboardWatch::Verdict X11ClipboardWatch::JudgeFront() const {
   if (!front.HasContents()) return Verdict::Drop;
   const auto changes = std::min(static_cast<std::size_t>(front.ChangesWhileRead()), m_readers.size() - 1);
   // Its contents were replaced while they were read, so the answers may have been newer contents already: secrets, or
-  // what the next reader has too.
+  // what the next reader has too. A newer copy that was itself replaced before it told whether it is one may have been
+  // one.
   for (std::size_t i = 1; i <= changes; ++i) {
     if (m_readers[i]->IsSecret()) return Verdict::Drop;
     if (!m_readers[i]->KnowsSecrecy()) return Verdict::Wait;
+    if (!m_readers[i]->SecrecyIsItsOwn()) return Verdict::Drop;
   }
   if (changes > 0 && !m_readers[1]->IsFinished()) return Verdict::Wait;
   if (changes > 0 && SameContents(front.Snapshot(), m_readers[1]->Snapshot())) return Verdict::Drop;
