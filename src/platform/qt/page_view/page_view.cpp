@@ -17,8 +17,6 @@ namespace {
 constexpr double kGap = 12;         // pixels between sheets and around them
 constexpr double kCaretRoom = 8;    // pixels that are shown above and below the caret
 constexpr int kPlacedAtOnce = 1'000'000;  // characters; longer texts get their last pages while the first can be read
-constexpr int kQuickToMend = 20'000;      // paragraphs that are looked through in a few milliseconds
-constexpr int kMendingPause = 400;        // milliseconds
 const QColor kDesk(0x9a, 0xa0, 0xa8);
 const QColor kSheetEdge(0x60, 0x66, 0x6e);
 
@@ -37,7 +35,7 @@ PageView::PageView(RichTextControl& control)
   control.installEventFilter(this);
   FollowDocument();
   setGeometry(control.contentsRect());
-  if (control.document()->characterCount() <= kPlacedAtOnce) m_pages = m_text.CountPages();
+  if (control.document()->characterCount() <= kPlacedAtOnce) m_text.PlaceAll();
   FitScrollBars();
   ShowCaret();
   show();
@@ -45,10 +43,7 @@ PageView::PageView(RichTextControl& control)
 
 void PageView::FollowDocument() {
   const QAbstractTextDocumentLayout* const layout = m_control.document()->documentLayout();
-  connect(layout, &QAbstractTextDocumentLayout::documentSizeChanged, this, [this](const QSizeF& size) {
-    m_pages = m_text.PageOfDot(size.height() - 1) + 1;
-    FitScrollBars();
-  });
+  connect(layout, &QAbstractTextDocumentLayout::documentSizeChanged, this, &PageView::FitScrollBars);
   connect(layout, &QAbstractTextDocumentLayout::update, viewport(), qOverload<>(&QWidget::update));
   connect(&m_control, &QTextEdit::textChanged, this, &PageView::TextHasChanged);
   connect(&m_control, &QTextEdit::selectionChanged, viewport(), qOverload<>(&QWidget::update));
@@ -72,7 +67,7 @@ QRectF PageView::SheetRect(int page) const {
 // The gap below a sheet belongs to it.
 int PageView::PageAt(double y) const {
   const double step = m_text.SheetSize().height() * m_zoom + kGap;
-  return std::clamp(static_cast<int>(std::floor((y + verticalScrollBar()->value() - kGap) / step)), 0, m_pages - 1);
+  return std::clamp(static_cast<int>(std::floor((y + verticalScrollBar()->value() - kGap) / step)), 0, m_text.PlacedPages() - 1);
 }
 
 QPointF PageView::DotAt(const QPointF& viewPoint) const {
@@ -117,7 +112,7 @@ void PageView::FitScrollBars() {
     bar.setPageStep(shown);
   };
   fit(*horizontalScrollBar(), sheet.width() + 2 * kGap, viewport()->width());
-  fit(*verticalScrollBar(), kGap + m_pages * (sheet.height() + kGap), viewport()->height());
+  fit(*verticalScrollBar(), kGap + m_text.PlacedPages() * (sheet.height() + kGap), viewport()->height());
   viewport()->update();
   emit Moved();
 }
@@ -175,13 +170,9 @@ void PageView::MoveByView(int direction, QTextCursor::MoveMode mode) {
 
 void PageView::TextHasChanged() {
   ShowCaret();
-  const bool isQuick = m_control.document()->blockCount() <= kQuickToMend;
-  m_mending.start(isQuick ? 0 : kMendingPause, this);
-}
-
-void PageView::Mend() {
-  m_mending.stop();
-  if (m_text.Mend()) FitScrollBars();
+  if (!m_text.HasOtherPage()) return;
+  m_text.LayOut();
+  FitScrollBars();
 }
 
 void PageView::ShowCaret() {
@@ -246,7 +237,6 @@ void PageView::scrollContentsBy(int, int) {
 }
 
 void PageView::timerEvent(QTimerEvent* event) {
-  if (event->timerId() == m_mending.timerId()) return Mend();
   if (event->timerId() == m_dragging.timerId()) return ScrollBesides();
   if (event->timerId() != m_blinking.timerId()) return QAbstractScrollArea::timerEvent(event);
   m_caretIsOn = !m_caretIsOn;

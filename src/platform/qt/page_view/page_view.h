@@ -68,7 +68,6 @@ class PageView : public QAbstractScrollArea {
   void FollowDocument();
   void FitScrollBars();
   void TextHasChanged();
-  void Mend();
   void ShowCaret();
   void PaintSheet(QPainter& painter, int page) const;
   void PaintCaret(QPainter& painter) const;
@@ -83,12 +82,10 @@ class PageView : public QAbstractScrollArea {
   RichTextControl& m_control;
   PagedText m_text;
   double m_zoom;
-  int m_pages = 1;  // placed so far
   int m_preeditCaret = 0;
   int m_dropPosition = -1;
   bool m_caretIsOn = true;
   QBasicTimer m_blinking;
-  QBasicTimer m_mending;
   QBasicTimer m_dragging;
 };
 

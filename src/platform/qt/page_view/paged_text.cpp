@@ -16,6 +16,8 @@
 namespace snipdeck {
 namespace {
 
+constexpr double kFarBelow = 1e6;  // dots; more than any paragraph has
+
 double Dots(int twips) {
   return twips / kTwipsPerPixel * kPaperDotsPerPixel;
 }
@@ -37,6 +39,14 @@ QFont Unhinted(QFont font) {
 PagedText::PagedText(QTextDocument& document)
     : m_document(document), m_font(document.defaultFont()), m_hadDesignMetrics(document.useDesignMetrics()) {
   LayOut();
+  connect(document.documentLayout(), &QAbstractTextDocumentLayout::documentSizeChanged, this,
+          [this](const QSizeF& size) {
+            m_pages = PageOfDot(size.height() - 1) + 1;
+            m_finding.start(0, this);
+          });
+  // The first of these signals comes before the document is laid out for a change, the second one after.
+  connect(&document, &QTextDocument::contentsChange, this, &PagedText::LoosenPageEnds);
+  connect(&document, &QTextDocument::contentsChanged, this, &PagedText::TightenPageEnds);
 }
 
 PagedText::~PagedText() {
@@ -60,36 +70,51 @@ void PagedText::LayOut() {
   m_strip = QSizeF(Dots(m_geometry.width - m_geometry.left - m_geometry.right) + 2 * m_margin,
                    Dots(m_geometry.height - m_geometry.top - m_geometry.bottom) + 2 * m_margin);
   m_document.setPageSize(m_strip);
-  m_crossing.clear();
 }
 
-bool PagedText::Mend() {
-  if (PageOf(m_document) != m_geometry) {
-    LayOut();
-    return true;
+bool PagedText::HasOtherPage() const {
+  return PageOf(m_document) != m_geometry;
+}
+
+void PagedText::FindPageEnds() {
+  m_finding.stop();
+  m_pageEnds.clear();
+  for (int page = 0; page + 1 < m_pages; ++page) {
+    const QPointF end(0, DotsOf(page).bottom() - m_margin - 1);
+    const QTextBlock block = m_document.findBlock(m_document.documentLayout()->hitTest(end, Qt::FuzzyHit));
+    if (CrossesPages(block)) m_pageEnds.append(block.position());
   }
-  constexpr int kMostRounds = 50;  // each may move what follows; a text that never settles is left alone
-  bool mended = false;
-  for (int round = 0; round < kMostRounds && MendOnce(); ++round) mended = true;
-  return mended;
 }
 
-// Qt lays a paragraph out anew when it comes to cross the end of a page, but not when it ceases to.
-bool PagedText::MendOnce() {
-  bool mended = false;
-  for (const QTextBlock& block : std::as_const(m_crossing)) {
-    if (!block.isValid() || CrossesPages(block)) continue;
-    m_document.markContentsDirty(block.position(), block.length());
-    mended = true;
+void PagedText::timerEvent(QTimerEvent*) {
+  FindPageEnds();
+}
+
+// Qt lays a paragraph out anew when it comes to cross the end of a page, but not when it ceases to: it would keep the gap in
+// its middle. A paragraph that seems to reach to the end of the text comes to cross it in any case.
+void PagedText::LoosenPageEnds(int position, int removed, int added) {
+  for (const int begin : std::as_const(m_pageEnds)) {
+    if (begin <= position + removed) continue;
+    const QTextBlock block = m_document.findBlock(begin - removed + added);
+    if (!block.isValid() || block.layout()->lineCount() == 0) continue;
+    QTextLine last = block.layout()->lineAt(block.layout()->lineCount() - 1);
+    if (last.y() < kFarBelow) last.setPosition(last.position() + QPointF(0, kFarBelow));
+    m_loosened.append(block.position());
   }
-  FindCrossing();
-  return mended;
+  m_pageEnds.clear();
 }
 
-void PagedText::FindCrossing() {
-  m_crossing.clear();
-  for (QTextBlock block = m_document.begin(); block.isValid() && block.layout()->lineCount() > 0; block = block.next())
-    if (CrossesPages(block)) m_crossing.append(block);
+// What Qt did not come to needed no change.
+void PagedText::TightenPageEnds() {
+  for (const int begin : std::as_const(m_loosened)) {
+    const QTextBlock block = m_document.findBlock(begin);
+    m_document.documentLayout()->blockBoundingRect(block);  // places the text so far
+    if (block.layout()->lineCount() == 0) continue;
+    QTextLine last = block.layout()->lineAt(block.layout()->lineCount() - 1);
+    if (last.y() >= kFarBelow) last.setPosition(last.position() - QPointF(0, kFarBelow));
+  }
+  m_loosened.clear();
+  FindPageEnds();
 }
 
 bool PagedText::CrossesPages(const QTextBlock& block) const {
@@ -97,6 +122,11 @@ bool PagedText::CrossesPages(const QTextBlock& block) const {
   if (lines < 2) return false;
   const double top = m_document.documentLayout()->blockBoundingRect(block).top();
   return PageOfDot(top) != PageOfDot(top + block.layout()->lineAt(lines - 1).y());
+}
+
+void PagedText::PlaceAll() {
+  m_pages = CountPages();
+  FindPageEnds();
 }
 
 int PagedText::CountPages() const {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QAbstractTextDocumentLayout>
+#include <QBasicTimer>
 #include <QFont>
 #include <QList>
+#include <QObject>
 #include <QTextBlock>
 
 #include "platform/page_geometry.h"
@@ -17,7 +19,7 @@ namespace snipdeck {
 /// strip, page under page without the margins, in dots of PaperDevice; sheets are measured in pixels of 1/96 inch from their
 /// upper left corner. Pages count from 0. The document's layout is anyone's afterwards: whoever had it before gives it
 /// back its paint device and its page size.
-class PagedText {
+class PagedText : public QObject {
  public:
   explicit PagedText(QTextDocument& document);
   ~PagedText();
@@ -25,12 +27,15 @@ class PagedText {
 
   /// Lays everything out anew; pages are placed bit by bit, as they are asked for or when there is time.
   void LayOut();
-  /// Lays out anew what the last changes left behind: other page geometry, or paragraphs with a page's gap that they no
-  /// longer reach. True if there was such.
-  bool Mend();
+  /// Whether the document has got another page since it was laid out.
+  bool HasOtherPage() const;
 
   /// Of the whole document; places all of it.
   int CountPages() const;
+  /// Of what is placed so far.
+  int PlacedPages() const { return m_pages; }
+  /// Places all of it now.
+  void PlaceAll();
   QSizeF SheetSize() const { return m_sheet; }
   int PageOfDot(double y) const;
   /// The dots that a page shows.
@@ -46,15 +51,22 @@ class PagedText {
   /// Draws the text of a page on a painter whose origin is the sheet's corner and whose unit is a pixel of 1/96 inch.
   void Paint(QPainter& painter, int page, QAbstractTextDocumentLayout::PaintContext context) const;
 
+ protected:
+  void timerEvent(QTimerEvent* event) override;
+
  private:
   bool CrossesPages(const QTextBlock& block) const;
-  bool MendOnce();
-  void FindCrossing();
+  void FindPageEnds();
+  void LoosenPageEnds(int position, int removed, int added);
+  void TightenPageEnds();
 
   QTextDocument& m_document;
   const QFont m_font;
   const bool m_hadDesignMetrics;
-  QList<QTextBlock> m_crossing;  // the paragraphs that begin on one page and end on another
+  int m_pages = 1;
+  QList<int> m_pageEnds;   // where the paragraphs begin that go on over the end of a page
+  QList<int> m_loosened;   // and those of them that Qt is being made to look at
+  QBasicTimer m_finding;
   PaperDevice m_paper;
   PageGeometry m_geometry;
   QSizeF m_sheet;       // pixels
