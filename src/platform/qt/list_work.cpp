@@ -1,0 +1,60 @@
+#include "platform/qt/list_work.h"
+
+#include <QTextBlock>
+#include <QTextDocument>
+#include <QTextList>
+
+#include "richtext/format_properties.h"
+
+namespace snipdeck {
+namespace {
+
+// Numbers and labels that a file gave belong to the list that the paragraph leaves.
+void LeaveList(const QTextBlock& block) {
+  QTextList* const list = block.textList();
+  QTextCursor cursor(block);
+  QTextBlockFormat format = block.blockFormat();
+  if (list) {
+    list->remove(block);
+    format.setObjectIndex(-1);
+    format.setIndent(0);
+  }
+  for (const int property : {kListId, kListLevel, kListStart, kListLabel}) format.clearProperty(property);
+  cursor.setBlockFormat(format);
+}
+
+}  // namespace
+
+bool IsNumbered(QTextListFormat::Style style) {
+  return style <= QTextListFormat::ListDecimal && style != QTextListFormat::ListStyleUndefined;
+}
+
+ListTraits ListAt(const QTextCursor& cursor) {
+  const QTextList* const list = cursor.currentList();
+  if (!list) return {};
+  const QTextListFormat format = list->format();
+  const bool isNumbered = IsNumbered(format.style());
+  return {format.style(), isNumbered ? format.numberSuffix() : QStringLiteral("."), std::max(1, format.indent())};
+}
+
+void SetList(QTextCursor cursor, const ListTraits& traits) {
+  cursor.beginEditBlock();
+  const QTextDocument& document = *cursor.document();
+  const int end = cursor.selectionEnd();
+  const int begin = cursor.selectionStart();
+  for (QTextBlock block = document.findBlock(begin); block.isValid() && block.position() <= end; block = block.next())
+    LeaveList(block);
+  if (traits.style != QTextListFormat::ListStyleUndefined) {
+    QTextListFormat format;
+    format.setStyle(traits.style);
+    format.setIndent(traits.level);
+    if (IsNumbered(traits.style)) format.setNumberSuffix(traits.suffix);
+    QTextCursor selection(cursor);
+    selection.setPosition(begin);
+    selection.setPosition(end, QTextCursor::KeepAnchor);
+    selection.createList(format);
+  }
+  cursor.endEditBlock();
+}
+
+}  // namespace snipdeck

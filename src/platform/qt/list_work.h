@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QTextCursor>
+#include <QTextListFormat>
+
+namespace snipdeck {
+
+/// How the paragraphs of a list are marked. ListStyleUndefined stands for no list.
+struct ListTraits {
+  QTextListFormat::Style style = QTextListFormat::ListStyleUndefined;
+  QString suffix = QStringLiteral(".");  ///< behind a number
+  int level = 1;                         ///< from 1
+
+  bool operator==(const ListTraits&) const = default;
+};
+
+bool IsNumbered(QTextListFormat::Style style);
+/// Of the paragraph with the caret.
+ListTraits ListAt(const QTextCursor& cursor);
+/// Makes the paragraphs of the selection one list, or takes them out of theirs; one undo step.
+void SetList(QTextCursor cursor, const ListTraits& traits);
+
+}  // namespace snipdeck
