@@ -6,6 +6,7 @@
 #include <QCheckBox>
 #include <QFrame>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
@@ -24,7 +25,7 @@ namespace {
 
 constexpr double kHeight = 4200;         // twips, frame and title bar included
 constexpr double kLeastWidth = 9630;     // twips, likewise
-constexpr int kEdge = 240 / 15;          // pixels between a field's end and the window's edge
+constexpr int kEdge = 16;                // pixels between a field's end and the window's edge
 constexpr int kPictureButtonWidth = 40;  // pixels
 constexpr int kPictureButtonHeight = 30;
 
@@ -94,19 +95,25 @@ QWidget* frmMyMsgBox::MakeDetails() {
 
 QWidget* frmMyMsgBox::MakeChoices() {
   QFrame* frame = MakeFrame("Frame2");
-  auto* grid = new QGridLayout(frame);
-  grid->setContentsMargins(kEdge, 8, kEdge - frame->frameWidth(), 8);
+  auto* column = new QVBoxLayout(frame);
+  column->setContentsMargins(kEdge, 8, kEdge - frame->frameWidth(), 8);
   auto* question = new QLabel(tr("Save above file to disk?"));
   question->setObjectName(QStringLiteral("lblQuestion"));
-  grid->addWidget(question, 0, 0, 1, 4);
+  column->addWidget(question);
+  column->addLayout(MakeAnswers());
+  column->addLayout(MakePictureButtons());
+  column->addStretch(1);
+  return frame;
+}
 
-  int place = 0;
+QLayout* frmMyMsgBox::MakeAnswers() {
+  auto* row = new QHBoxLayout;
   const auto add = [&](const char* name, const QString& caption, const QString& toolTip, auto handler) {
     auto* button = new QPushButton(caption);
     button->setObjectName(QString::fromLatin1(name));
     button->setToolTip(toolTip);
     connect(button, &QPushButton::clicked, this, handler);
-    grid->addWidget(button, 1, place++);
+    row->addWidget(button);
     return button;
   };
   QPushButton* yes = add("cmdYes", tr("&Yes"), tr("Save file"), &frmMyMsgBox::cmdYes_Click);
@@ -120,31 +127,32 @@ QWidget* frmMyMsgBox::MakeChoices() {
   confirm->setToolTip(tr("Ask once more before the file is left without saving"));
   confirm->setChecked(m_services.settings.messageBoxDecision == 1);
   connect(confirm, &QCheckBox::toggled, this, &frmMyMsgBox::chkDecisionConfirmNoSave_Click);
-  grid->addWidget(confirm, 1, place++);
-  grid->setColumnStretch(place, 1);
+  row->addSpacing(kEdge);
+  row->addWidget(confirm);
+  row->addStretch(1);
+  return row;
+}
 
-  place = 0;
-  auto* pictures = new QHBoxLayout;
-  const auto addPicture = [&](const char* name, const char* icon, const QString& toolTip, auto handler) {
-    auto* button = new CommandButton(QString::fromLatin1(icon), toolTip, frame);
+QLayout* frmMyMsgBox::MakePictureButtons() {
+  auto* row = new QHBoxLayout;
+  const auto add = [&](const char* name, const char* icon, const QString& toolTip, auto handler) {
+    auto* button = new CommandButton(QString::fromLatin1(icon), toolTip, this);
     button->setObjectName(QString::fromLatin1(name));
     button->setFocusPolicy(Qt::StrongFocus);
     button->setFixedSize(kPictureButtonWidth, kPictureButtonHeight);
     connect(button, &QPushButton::clicked, this, handler);
-    pictures->addWidget(button);
+    row->addWidget(button);
   };
-  addPicture("cmdSaveFile", "_SaveAs_32x32", tr("Save file directly to disk"), &frmMyMsgBox::mnuSave_Click);
+  add("cmdSaveFile", "_SaveAs_32x32", tr("Save file directly to disk"), &frmMyMsgBox::mnuSave_Click);
   auto* shortcut = new QLabel(tr("[ Shortcut = Alt-S ]"));
   shortcut->setObjectName(QStringLiteral("lblShortcut"));
-  pictures->addWidget(shortcut);
-  pictures->addSpacing(kEdge);
-  addPicture("cmdInfo", "file-info", tr("More info on current file"), &frmMyMsgBox::mnuFileInfo_Click);
-  addPicture("cmdTrawler", "Trawler_32x32", tr("Mini Trawler"), &frmMyMsgBox::mnuTrawler_Click);
-  addPicture("cmdExplorer", "Explorer_32x32", tr("Windows Explorer"), &frmMyMsgBox::mnuExplorer_Click);
-  pictures->addStretch(1);
-  grid->addLayout(pictures, 2, 0, 1, 6);
-  grid->setRowStretch(3, 1);
-  return frame;
+  row->addWidget(shortcut);
+  row->addSpacing(kEdge);
+  add("cmdInfo", "file-info", tr("More info on current file"), &frmMyMsgBox::mnuFileInfo_Click);
+  add("cmdTrawler", "Trawler_32x32", tr("Mini Trawler"), &frmMyMsgBox::mnuTrawler_Click);
+  add("cmdExplorer", "Explorer_32x32", tr("Windows Explorer"), &frmMyMsgBox::mnuExplorer_Click);
+  row->addStretch(1);
+  return row;
 }
 
 void frmMyMsgBox::ShowDetails() {

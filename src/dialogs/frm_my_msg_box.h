@@ -54,6 +54,8 @@ class frmMyMsgBox : public QDialog {
   QMenuBar* MakeMenus();
   QWidget* MakeDetails();
   QWidget* MakeChoices();
+  QLayout* MakeAnswers();
+  QLayout* MakePictureButtons();
   void ShowDetails();
   void KeepSize();
 

@@ -133,20 +133,22 @@ class ClosingQuestionTest : public QObject {
     Stage stage;
     frmMyMsgBox box(stage.Services(), stage.MakeFile("letter.rtf", 5), nullptr);
     box.show();
-    QCOMPARE(box.size(), QSize(642, 280));
+    QCoreApplication::processEvents();
+    const QSize frame = box.frameGeometry().size() - box.size();
+    QCOMPARE(box.frameGeometry().height(), 280);
     QVERIFY(LabelText(box, "lblFileDate").contains("     [ now: "));
     for (const int width : {642, 900}) {
-      box.resize(width, 500);
+      box.resize(width - frame.width(), 500);
       QCoreApplication::processEvents();
-      QCOMPARE(box.size(), QSize(width, 280));
+      QCOMPARE(box.frameGeometry().size(), QSize(width, 280));
       for (const char* name : {"txtFileName", "txtFilePath"}) {
         auto* field = box.findChild<QLineEdit*>(name);
-        QCOMPARE(field->mapTo(&box, QPoint(field->width(), 0)).x(), width - 16);
+        QCOMPARE(field->mapTo(&box, QPoint(field->width(), 0)).x(), box.width() - 16);
       }
     }
     box.resize(300, 100);
-    QCOMPARE(box.size(), QSize(642, 280));
-    box.resize(800, 280);
+    QCOMPARE(box.frameGeometry().size(), QSize(642, 280));
+    box.resize(800 - frame.width(), 280);
     box.close();
     QCOMPARE(stage.settings.messageBoxWidth, 12000);
   }

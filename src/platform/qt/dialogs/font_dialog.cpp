@@ -49,6 +49,15 @@ TextFontDialog::TextFontDialog(const FontTraits& traits, const QFont& defaults, 
       m_buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel)) {
   setWindowTitle(tr("Font"));
   setObjectName(QStringLiteral("FontDialog"));
+  LayOut();
+  Show(traits);
+  FollowChoices();
+  ShowSample();
+  m_family->Field().selectAll();
+  m_family->setFocus();
+}
+
+void TextFontDialog::LayOut() {
   m_family->setMinimumWidth(kFamilyWidth);
   m_points->setFixedWidth(kPointsWidth);
   auto* const grid = new QGridLayout;
@@ -58,7 +67,25 @@ TextFontDialog::TextFontDialog(const FontTraits& traits, const QFont& defaults, 
   grid->addWidget(m_points, 1, 1);
   grid->addWidget(MakeEffects(), 0, 2, 2, 1);
   grid->setColumnStretch(0, 1);
+  PrepareSample();
+  auto* const column = new QVBoxLayout(this);
+  column->addLayout(grid, 1);
+  column->addWidget(m_sample);
+  column->addWidget(m_buttons);
+}
 
+void TextFontDialog::FollowChoices() {
+  connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+  connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  for (PickList* list : {m_family, m_points}) connect(list, &PickList::Changed, this, &TextFontDialog::ShowSample);
+  for (QCheckBox* box : {m_bold, m_italic}) connect(box, &QCheckBox::stateChanged, this, &TextFontDialog::ShowSample);
+  for (QComboBox* box : {m_underline, m_strike, m_position, m_capitals})
+    connect(box, &QComboBox::currentIndexChanged, this, &TextFontDialog::ShowSample);
+  for (ColourButton* button : {m_colour, m_background})
+    connect(button, &ColourButton::ColourChosen, this, &TextFontDialog::ShowSample);
+}
+
+void TextFontDialog::PrepareSample() {
   m_sample->setReadOnly(true);
   m_sample->setFocusPolicy(Qt::NoFocus);
   m_sample->setFixedHeight(kSampleHeight);
@@ -67,24 +94,6 @@ TextFontDialog::TextFontDialog(const FontTraits& traits, const QFont& defaults, 
   paper.setColor(QPalette::Base, Qt::white);
   paper.setColor(QPalette::Text, Qt::black);
   m_sample->setPalette(paper);
-
-  auto* const column = new QVBoxLayout(this);
-  column->addLayout(grid, 1);
-  column->addWidget(m_sample);
-  column->addWidget(m_buttons);
-  connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-  connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-
-  Show(traits);
-  for (PickList* list : {m_family, m_points}) connect(list, &PickList::Changed, this, &TextFontDialog::ShowSample);
-  for (QCheckBox* box : {m_bold, m_italic}) connect(box, &QCheckBox::stateChanged, this, &TextFontDialog::ShowSample);
-  for (QComboBox* box : {m_underline, m_strike, m_position, m_capitals})
-    connect(box, &QComboBox::currentIndexChanged, this, &TextFontDialog::ShowSample);
-  for (ColourButton* button : {m_colour, m_background})
-    connect(button, &ColourButton::ColourChosen, this, &TextFontDialog::ShowSample);
-  ShowSample();
-  m_family->Field().selectAll();
-  m_family->setFocus();
 }
 
 QComboBox* TextFontDialog::AddChoice(QGridLayout& grid, const QString& caption, const QStringList& choices) {

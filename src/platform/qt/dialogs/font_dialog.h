@@ -27,6 +27,9 @@ class TextFontDialog : public QDialog {
 
  private:
   QComboBox* AddChoice(QGridLayout& grid, const QString& caption, const QStringList& choices);
+  void LayOut();
+  void PrepareSample();
+  void FollowChoices();
   QWidget* MakeEffects();
   void Show(const FontTraits& traits);
   void ShowSample();
