@@ -1,5 +1,6 @@
 #include "clipformats/clipboard_window.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include <QMenuBar>
@@ -47,7 +48,14 @@ CommandButton* ClipboardWindow::AddCommand(const WindowCommand& command, const s
   Apply(*button, {command.left, kRowTop, command.width, kRowHeight});
   connect(entry, &QAction::triggered, this, handler);
   connect(button, &CommandButton::clicked, this, handler);
+  m_buttons.push_back(button);
   return button;
+}
+
+void ClipboardWindow::SetTabOrder() {
+  const auto isLeft = [](const CommandButton* one, const CommandButton* other) { return one->x() < other->x(); };
+  std::sort(m_buttons.begin(), m_buttons.end(), isLeft);
+  for (std::size_t i = 1; i < m_buttons.size(); ++i) setTabOrder(m_buttons[i - 1], m_buttons[i]);
 }
 
 void ClipboardWindow::Place(const KeepOnScreenStep& keepOnScreen) {

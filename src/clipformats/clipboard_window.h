@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <vector>
 
 #include <QDialog>
 
@@ -57,8 +58,10 @@ class ClipboardWindow : public QDialog {
 
   /// What lies below the menu bar.
   QWidget& Client() { return *m_client; }
-  /// Adds a command; Tab reaches the buttons in this order.
+  /// Adds a command at the end of the menu.
   CommandButton* AddCommand(const WindowCommand& command, const std::function<void()>& handler);
+  /// Once all commands are there: Tab goes through their buttons from left to right.
+  void SetTabOrder();
   /// Puts the window at its kept placement.
   void Place(const KeepOnScreenStep& keepOnScreen);
   /// No smaller than this, frame included, in twips.
@@ -81,6 +84,7 @@ class ClipboardWindow : public QDialog {
   KeptPlacement m_kept;
   QWidget* m_client;
   QMenu* m_menu;
+  std::vector<CommandButton*> m_buttons;
   QtWindowGeometry m_geometry;
   QSize m_smallest;
 };

@@ -63,15 +63,15 @@ QString HexLine(QByteArrayView bytes, qsizetype offset) {
 
 }  // namespace
 
-QString DescribeBytes(ClipboardFormat format, QByteArrayView bytes, bool isWhole) {
+FormatDescription DescribeBytes(ClipboardFormat format, QByteArrayView bytes, bool isWhole) {
   const QString more = QStringLiteral("...");
-  if (const auto text = TextOf(format, bytes, isWhole)) return isWhole ? *text : *text + more;
+  if (const auto text = TextOf(format, bytes, isWhole)) return {isWhole ? *text : *text + more, true};
   QString lines;
   const qsizetype shown = std::min(bytes.size(), kBytesInHex);
   for (qsizetype at = 0; at < shown; at += kBytesPerLine) {
     lines += HexLine(bytes.sliced(at, std::min(kBytesPerLine, shown - at)), at);
   }
-  return isWhole && shown == bytes.size() ? lines : lines + more;
+  return {isWhole && shown == bytes.size() ? lines : lines + more, false};
 }
 
 }  // namespace snipdeck

@@ -33,7 +33,9 @@ FormatList::FormatList(ClipboardFunctions& functions, std::function<cCustomClipb
   m_list->setHeaderLabels({tr("Number"), tr("Name"), tr("Size"), tr("Time")});
   m_list->setRootIsDecorated(false);
   m_list->setUniformRowHeights(true);
-  m_list->setColumnWidth(kName, m_list->fontMetrics().averageCharWidth() * 28);
+  m_list->header()->setSectionResizeMode(kNumber, QHeaderView::ResizeToContents);
+  m_list->header()->setSectionResizeMode(kSize, QHeaderView::ResizeToContents);
+  m_list->setColumnWidth(kName, m_list->fontMetrics().averageCharWidth() * 20);
   m_contents->setObjectName(QStringLiteral("txtFormat"));
   m_contents->setAccessibleName(tr("Contents of the chosen format"));
   m_contents->setReadOnly(true);
@@ -116,9 +118,10 @@ void FormatList::ShowChosen() {
     return;
   }
   const FormatReading& format = m_formats[index];
-  const bool isWhole = format.head.size() == format.size;
-  m_contents->setPlainText(format.failure.isEmpty() ? DescribeBytes(format.number, format.head, isWhole)
-                                                    : format.failure);
+  if (!format.failure.isEmpty()) return m_contents->setPlainText(format.failure);
+  const FormatDescription described = DescribeBytes(format.number, format.head, format.head.size() == format.size);
+  m_contents->setLineWrapMode(described.isText ? QPlainTextEdit::WidgetWidth : QPlainTextEdit::NoWrap);
+  m_contents->setPlainText(described.words);
 }
 
 void FormatList::hideEvent(QHideEvent* event) {

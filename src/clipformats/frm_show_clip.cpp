@@ -64,6 +64,7 @@ void frmShowClip::AddCommands() {
   AddCommand(kCopy, [this] { cmdCopy_Click(); });
   AddCommand(kFormats, [this] { cmdFormats_Click(); });
   AddCommand(kExit, [this] { cmdExit_Click(); });
+  SetTabOrder();
 }
 
 cCustomClipboard& frmShowClip::Clipboard() {

@@ -75,13 +75,13 @@ frmViewAndPaste::frmViewAndPaste(const ClipboardWindowServices& services, const 
 }
 
 void frmViewAndPaste::AddCommands() {
-  AddCommand(kExit, [this] { cmdExit_Click(); });
-  AddCommand(kSave, [this] { cmdSaveContents_Click(); });
+  AddCommand(kRetrieve, [this] { cmdRetrieve_Click(); });
   cmdBasicRTF = AddCommand(kToggle, [this] { cmdBasicRTF_Click(); });
+  AddCommand(kSave, [this] { cmdSaveContents_Click(); });
   AddCommand(kAllTypes, [this] { cmdAllTypes_Click(); });
-  cmdRetrieve = AddCommand(kRetrieve, [this] { cmdRetrieve_Click(); });
+  AddCommand(kExit, [this] { cmdExit_Click(); });
+  SetTabOrder();
   cmdBasicRTF->installEventFilter(this);
-  cmdRetrieve->installEventFilter(this);
 }
 
 void frmViewAndPaste::PrepareView(RichTextControl& view, const char* name, const QString& accessibleName) {
@@ -216,10 +216,9 @@ void frmViewAndPaste::cmdExit_Click() {
 }
 
 bool frmViewAndPaste::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::KeyPress) {
+  if (watched == cmdBasicRTF && event->type() == QEvent::KeyPress) {
     const auto& key = static_cast<const QKeyEvent&>(*event);
-    const bool isPlain = key.modifiers() == Qt::NoModifier;
-    if (watched == cmdBasicRTF && isPlain && key.key() == Qt::Key_F12) {
+    if (key.key() == Qt::Key_F12 && key.modifiers() == Qt::NoModifier) {
       cmdRetrieve_Click();
       return true;
     }

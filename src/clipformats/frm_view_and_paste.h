@@ -50,7 +50,6 @@ class frmViewAndPaste : public ClipboardWindow {
   Retrieval m_retrieval;
   std::function<void(QWidget*)> m_showAllTypes;
   CommandButton* cmdBasicRTF = nullptr;
-  CommandButton* cmdRetrieve = nullptr;
   QLabel* Label1;
   RichTextControl* TXTextControl1;
   RichTextControl* RichTextBox1;

@@ -1,5 +1,8 @@
 #include "clipformats/scaled_picture.h"
 
+#include <mutex>
+#include <optional>
+
 #include <QImageReader>
 
 namespace snipdeck {
@@ -7,6 +10,26 @@ namespace snipdeck {
 namespace {
 
 constexpr qint64 kFewPixels = 8'000'000;
+constexpr int kLargestInMemory = 512;  // MB, at four bytes a pixel whatever it really takes
+
+/// While it lives, one picture may be read whole that is larger than Qt's limit, which holds for the pictures in texts.
+class LargeReading {
+ public:
+  LargeReading() : m_one(Turn()), m_usual(QImageReader::allocationLimit()) {
+    QImageReader::setAllocationLimit(kLargestInMemory);
+  }
+  ~LargeReading() { QImageReader::setAllocationLimit(m_usual); }
+  Q_DISABLE_COPY_MOVE(LargeReading)
+
+ private:
+  static std::mutex& Turn() {
+    static std::mutex turn;
+    return turn;
+  }
+
+  std::scoped_lock<std::mutex> m_one;
+  int m_usual;
+};
 
 qint64 PixelsOf(QSize size) {
   return qint64{size.width()} * size.height();
@@ -43,7 +66,12 @@ ScaledPicture ReadScaled(QIODevice& bytes, const QByteArray& kind, QSize most) {
   const bool isTurned = reader.transformation() & QImageIOHandler::TransformationRotate90;
   const QSize stored = reader.size();
   const QSize room = isTurned ? most.transposed() : most;
-  if (stored.isValid() && ScalesWhileReading(reader, kind)) reader.setScaledSize(ScaledDown(stored, room));
+  std::optional<LargeReading> large;
+  if (stored.isValid() && ScalesWhileReading(reader, kind)) {
+    reader.setScaledSize(ScaledDown(stored, room));
+  } else {
+    large.emplace();
+  }
   ScaledPicture picture{reader.read(), isTurned ? stored.transposed() : stored};
   if (picture.image.isNull()) return picture;
   if (!picture.fullSize.isValid()) picture.fullSize = picture.image.size();

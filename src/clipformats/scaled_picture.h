@@ -17,9 +17,9 @@ struct ScaledPicture {
   QSize fullSize;
 };
 
-/// Reads a picture of the kind that `kind` names, scaled down into `most`, never up. Kinds that can be read in pieces
-/// never stand in memory in their full size; of the others nothing over Qt's limit for one picture (256 MB) is read.
-/// Safe to call in any thread.
+/// Reads a picture of the kind that `kind` names, scaled down into `most`, never up. Kinds that can be read in pieces,
+/// as PNG with colours of eight bits, never stand in memory in their full size; of the others nothing that could take
+/// more than 512 MB is read. Safe to call in any thread.
 ScaledPicture ReadScaled(QIODevice& bytes, const QByteArray& kind, QSize most);
 
 }  // namespace snipdeck
