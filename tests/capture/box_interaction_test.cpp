@@ -48,7 +48,7 @@ class KeyTrial {
  private:
   QString Dialog() const {
     auto* dialog = m_control.findChild<QDialog*>();
-    if (!dialog) return {};
+    if (!dialog || !dialog->isVisible()) return {};
     const QString title = dialog->windowTitle();
     dialog->close();
     return title;

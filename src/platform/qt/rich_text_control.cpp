@@ -319,6 +319,9 @@ void RichTextControl::PastePlainText() {
 
 void RichTextControl::keyPressEvent(QKeyEvent* event) {
   if (m_pageView && m_pageView->TurnPage(*event)) return event->accept();
+  // The menu key itself asks for the menu; this one is a habit of many.
+  if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier)
+    return ShowTextMenu(*this, viewport()->mapToGlobal(cursorRect().bottomLeft()));
   if (!event->matches(QKeySequence::Paste)) return QTextEdit::keyPressEvent(event);
   Paste();
   event->accept();

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QTest>
 #include <QTextBlock>
 #include <QTimer>
@@ -194,7 +195,7 @@ class ControlDialogsTest : public QObject {
     dialog->FindNext();
     QCOMPARE(control.SelStart(), 8);
     control.hide();
-    QTRY_VERIFY(!control.findChild<TextFindDialog*>());
+    QVERIFY(!dialog->isVisible());
   }
 
   void ReplacingKeepsFormatsAndCounts() {
@@ -231,6 +232,7 @@ class ControlDialogsTest : public QObject {
     control.SetPasteSource(&source);
     QSignalSpy edited(&control, &RichTextControl::Edited);
     control.show();
+    QVERIFY(!control.document()->isUndoAvailable());
     InNextWindow<QMenu>([](QMenu& menu) {
       for (QAction* action : menu.actions()) {
         if (action->text() == "&Undo" && action->isEnabled()) QTest::qFail("undo", __FILE__, __LINE__);

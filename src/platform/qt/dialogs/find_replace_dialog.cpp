@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QCheckBox>
-#include <QCloseEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -54,7 +53,6 @@ TextFindDialog::TextFindDialog(RichTextControl& control)
       m_replaceAll(new QPushButton(tr("Replace &all"))),
       m_answer(new QLabel) {
   setObjectName(QStringLiteral("FindReplaceDialog"));
-  setAttribute(Qt::WA_DeleteOnClose);
   Build();
   control.installEventFilter(this);
   connect(m_what, &QLineEdit::textChanged, this, &TextFindDialog::OfferButtons);
@@ -72,7 +70,7 @@ void TextFindDialog::Build() {
   for (QPushButton* button : {m_replace, m_replaceAll}) button->setAutoDefault(false);
   auto* const close = new QPushButton(tr("Close"));
   close->setAutoDefault(false);
-  connect(close, &QPushButton::clicked, this, &QDialog::close);
+  connect(close, &QPushButton::clicked, this, &TextFindDialog::reject);
 
   auto* const fields = new QGridLayout;
   fields->addWidget(LabelFor(tr("Fi&nd what"), m_what), 0, 0);
@@ -189,19 +187,15 @@ void TextFindDialog::KeepOutOfTheWay() {
 }
 
 bool TextFindDialog::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Hide && !event->spontaneous()) close();
+  if (event->type() == QEvent::Hide && !event->spontaneous()) hide();
   return QDialog::eventFilter(watched, event);
 }
 
-void TextFindDialog::closeEvent(QCloseEvent* event) {
-  QDialog::closeEvent(event);
+void TextFindDialog::reject() {
+  QDialog::reject();
   if (!m_control.isVisible()) return;
   m_control.activateWindow();
   m_control.setFocus();
-}
-
-void TextFindDialog::reject() {
-  close();
 }
 
 }  // namespace snipdeck

@@ -13,8 +13,8 @@ namespace snipdeck {
 
 class RichTextControl;
 
-/// Finds and replaces in one control while its text stays usable. The dialog lives until it is closed or its control is
-/// hidden.
+/// Finds and replaces in one control while its text stays usable. The dialog is shown until it is closed or its control
+/// is hidden, and keeps what was looked for.
 class TextFindDialog : public QDialog {
   Q_OBJECT
 
@@ -29,7 +29,6 @@ class TextFindDialog : public QDialog {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
-  void closeEvent(QCloseEvent* event) override;
   void reject() override;
 
  private:
