@@ -59,6 +59,10 @@ bool EditorDesk::AskAboutLost() {
   return true;
 }
 
+void EditorDesk::AskAtStart() {
+  if (!std::exchange(m_hasAsked, true)) AskAboutLost();
+}
+
 void EditorDesk::EndForced() {
   m_recovery.Flush();
   if (m_window) m_window->SetEnding();

@@ -23,6 +23,8 @@ class EditorDesk {
   void TakeOverLost();
   /// False when the user has put the answer off.
   bool AskAboutLost();
+  /// The same, at the first call only.
+  void AskAtStart();
 
   /// Writes a changed document down; the session may end soon.
   void KeepForSessionEnd() { m_recovery.Flush(); }
@@ -38,6 +40,7 @@ class EditorDesk {
   EditorRecovery m_recovery;
   frm_RTF_HTM* m_window = nullptr;
   LostDocument m_lost;
+  bool m_hasAsked = false;
 };
 
 }  // namespace snipdeck

@@ -6,6 +6,7 @@
 #include <QMenuBar>
 #include <QPixmapCache>
 #include <QResizeEvent>
+#include <QTimer>
 
 #include "app/menu_builder.h"
 #include "app/program_folder.h"
@@ -48,6 +49,10 @@ frmSnipdeck::frmSnipdeck(const MainWindowServices& services)
       m_geometry(*this),
       m_looks(*this, m_settings, services.fontColourDialogs, services.messages),
       m_windowSize({*this, m_geometry, services.screen, m_settings, m_looks, [this] { Form_Resize(); }}),
+      m_changedDocument(
+          {m_settings, services.messages, services.clipboardWriter, services.shell, m_programs, m_looks}),
+      m_editor(ServicesOfEditor(), *this,
+               FileInFolder(services.folder, QStringLiteral("QM_Snipdeck.editor-recovery"))),
       m_startUp(Parts(), services.folder, services.firstSettings),
       m_shutDown(Parts()) {
   setObjectName("frmSnipdeck");
@@ -83,6 +88,7 @@ void frmSnipdeck::Form_Load() {
   m_startUp.Steps().applyControlFonts = [this] { m_looks.ApplyControlFont(*this); };
   m_startUp.Steps().buildSidebar = [this] { BuildSidebar(); };
   m_startUp.Load();
+  m_editor.TakeOverLost();
 }
 
 SidebarHost frmSnipdeck::Host() {
@@ -117,6 +123,16 @@ ClipboardWindowServices frmSnipdeck::ServicesOfClipboard() {
           .dialogs = m_services.fileDialogs,
           .settings = m_settings,
           .keepOnScreen = {}};
+}
+
+EditorServices frmSnipdeck::ServicesOfEditor() {
+  return {.document = {m_services.fileDialogs, m_services.messages, m_changedDocument, m_savingNotice},
+          .printDialog = m_services.printDialog,
+          .clipboard = m_services.clipboard,
+          .programs = m_programs,
+          .settings = m_settings,
+          .screen = m_services.screen,
+          .mainWindow = m_geometry};
 }
 
 void frmSnipdeck::BuildSidebar() {
@@ -168,6 +184,14 @@ void frmSnipdeck::mnuEmpty_Click() {
 void frmSnipdeck::mnuSettings_Click() {
   frmSettings({m_settings, *m_boxes, *m_sidebar, m_looks, m_services.fontColourDialogs, m_services.fileDialogs}, this)
       .exec();
+}
+
+void frmSnipdeck::mnuNewTextFile_Click() {
+  m_editor.NewTextFile();
+}
+
+void frmSnipdeck::mnuTopicalNotes_Click() {
+  m_editor.OpenTopicalNotes();
 }
 
 void frmSnipdeck::mnuHelp_Click() {
@@ -248,6 +272,7 @@ void frmSnipdeck::Form_Activate() {
   m_geometry.FitFrame();
   m_sessionIsEnding = false;
   m_startUp.Activated([this] { ctlClipboard1_Changed(); });
+  QTimer::singleShot(0, this, [this] { m_editor.AskAtStart(); });
 }
 
 void frmSnipdeck::Form_Resize() {
@@ -279,17 +304,19 @@ void frmSnipdeck::closeEvent(QCloseEvent* event) {
 }
 
 bool frmSnipdeck::Form_QueryUnload() {
-  if (m_sessionIsEnding) m_shutDown.EndForced();
+  if (m_sessionIsEnding) EndForced();
   return m_shutDown.QueryUnload();
 }
 
 void frmSnipdeck::SessionEnding() {
   // Until the window is used again, a close belongs to the end of the session.
   m_sessionIsEnding = true;
+  m_editor.KeepForSessionEnd();
   m_shutDown.KeepForSessionEnd();
 }
 
 void frmSnipdeck::EndForced() {
+  m_editor.EndForced();
   m_shutDown.EndForced();
 }
 

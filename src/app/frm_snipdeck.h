@@ -4,6 +4,7 @@
 
 #include "app/clipboard_commands.h"
 #include "app/crash_recovery.h"
+#include "app/editor_desk.h"
 #include "app/focus_switch.h"
 #include "app/shut_down.h"
 #include "app/start_up.h"
@@ -13,6 +14,8 @@
 #include "capture/box_set.h"
 #include "capture/clipboard_capture.h"
 #include "capture/combined_views.h"
+#include "dialogs/frm_my_msg_box.h"
+#include "dialogs/frm_saving.h"
 #include "layout/fonts_and_colours.h"
 #include "layout/window_size_command.h"
 #include "navigation/external_programs.h"
@@ -20,6 +23,7 @@
 #include "platform/clipboard.h"
 #include "platform/file_dialogs.h"
 #include "platform/font_colour_dialogs.h"
+#include "platform/print_dialog.h"
 #include "platform/qt/command_button.h"
 #include "platform/qt/qt_window_geometry.h"
 
@@ -39,6 +43,7 @@ struct MainWindowServices {
   WindowList& windows;
   FileDialogs& fileDialogs;
   FontColourDialogs& fontColourDialogs;
+  PrintDialog& printDialog;
   /// The folder of the executable file.
   QString ownFolder;
   /// The program's folder, and the settings file for users who have none.
@@ -70,10 +75,12 @@ class frmSnipdeck : public QMainWindow {
   void mnuExit_Click();
   void mnuExplorer_Click();
   void mnuHelp_Click();
+  void mnuNewTextFile_Click();
   void mnuSaveTextBoxes_Click();
   void mnuScreenSize_Click();
   void mnuSettings_Click();
   void mnuShowAllTypes_Click();
+  void mnuTopicalNotes_Click();
   void mnuTrawler_Click();
   void mnuViewBoxLarge_Click();
   void mnuViewSideBarWidth_Click();
@@ -109,6 +116,7 @@ class frmSnipdeck : public QMainWindow {
   SidebarHost Host();
   BoxHost HostOfBoxes();
   ClipboardWindowServices ServicesOfClipboard();
+  EditorServices ServicesOfEditor();
 
   MainWindowServices m_services;
   Settings m_settings;
@@ -129,6 +137,9 @@ class frmSnipdeck : public QMainWindow {
   QtWindowGeometry m_geometry;
   FontsAndColours m_looks;
   WindowSizeCommand m_windowSize;
+  FileDetailsQuestion m_changedDocument;
+  SavingWindow m_savingNotice;
+  EditorDesk m_editor;
   StartUp m_startUp;
   ShutDown m_shutDown;
   bool m_sessionIsEnding = false;

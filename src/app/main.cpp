@@ -11,6 +11,7 @@
 #include "platform/qt/qt_file_lookup.h"
 #include "platform/qt/qt_font_colour_dialogs.h"
 #include "platform/qt/qt_message_box.h"
+#include "platform/qt/printing/qt_print_dialog.h"
 #include "platform/qt/qt_screen.h"
 #include "platform/x11/x11_clipboard_access.h"
 #include "platform/x11/x11_clipboard_functions.h"
@@ -44,9 +45,10 @@ int Run(QApplication& application, SingleInstance& instance, const QString& fold
   X11WindowList windows;
   QtFileDialogs fileDialogs;
   QtFontColourDialogs fontColourDialogs;
+  QtPrintDialog printDialog;
   frmSnipdeck window({clipboard, clipboard, clipboardAccess, clipboardAccess, clipboardFunctions, messages, screen,
-                      files, shell, windows, fileDialogs, fontColourDialogs, QCoreApplication::applicationDirPath(),
-                      folder, InstalledSettingsPath()});
+                      files, shell, windows, fileDialogs, fontColourDialogs, printDialog,
+                      QCoreApplication::applicationDirPath(), folder, InstalledSettingsPath()});
   screen.Follow(&window);
   window.Form_Load();
 

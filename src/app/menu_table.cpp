@@ -104,8 +104,8 @@ constexpr Command kViewEntries[] = {
 };
 
 constexpr Command kMiscEntries[] = {
-    {"mnuTopicalNotes", "&Topical notes", "F1", "Writer"},
-    {"mnuNewTextFile", "&New text file", "Ctrl+N"},
+    {"mnuTopicalNotes", "&Topical notes", "F1", "Writer", &F::mnuTopicalNotes_Click},
+    {"mnuNewTextFile", "&New text file", "Ctrl+N", nullptr, &F::mnuNewTextFile_Click},
     {},
     {"mnuHelp", "Brief &help", "Shift+F1", nullptr, &F::mnuHelp_Click},
     {"mnuSettings", "&Settings", "F3", "settings", &F::mnuSettings_Click, {14, "cmdSettings", "Determine program settings"}},

@@ -13,6 +13,8 @@ namespace {
 
 /// One run of the program, as far as the editor goes.
 struct Run {
+  explicit Run(EditorWorld& around) : world(around) {}
+
   EditorWorld& world;
   QWidget owner;
   EditorDesk desk{world.Services(), owner, world.Path(u"editor.recovery"_s)};

@@ -8,6 +8,7 @@
 #include "fakes/fake_file_lookup.h"
 #include "fakes/fake_shell.h"
 #include "fakes/memory_clipboard.h"
+#include "fakes/no_printer.h"
 #include "fakes/scripted_dialogs.h"
 #include "fakes/scripted_messages.h"
 
@@ -32,12 +33,13 @@ struct MainWindowStage {
   FakeShell shell;
   FakeWindowList windows;
   ScriptedDialogs dialogs;
+  NoPrinter printer;
   frmSnipdeck window;
 
   /// `settings` are the settings of the first start, the lines of the settings file.
   explicit MainWindowStage(const QByteArray& settings = {})
       : window({watch, clipboard, writer, memory, memory, messages, screen, files, shell, windows, dialogs, dialogs,
-                QStringLiteral("P:\\Own"), folder.path(), Settings(folder, settings)}) {
+                printer, QStringLiteral("P:\\Own"), folder.path(), Settings(folder, settings)}) {
     window.Form_Load();
     window.show();
   }

@@ -74,6 +74,7 @@ MainWindowServices Outside::Services(ChangeWatch& watch, const Clipboard& clipbo
           m_windows,
           m_fileDialogs,
           m_fontColourDialogs,
+          m_printDialog,
           QCoreApplication::applicationDirPath(),
           folder,
           InstalledSettingsPath()};

@@ -13,6 +13,7 @@
 #include "platform/qt/qt_file_lookup.h"
 #include "platform/qt/qt_font_colour_dialogs.h"
 #include "platform/qt/qt_message_box.h"
+#include "platform/qt/printing/qt_print_dialog.h"
 #include "platform/qt/qt_screen.h"
 #include "platform/x11/x11_clipboard_access.h"
 #include "platform/x11/x11_clipboard_functions.h"
@@ -52,6 +53,7 @@ class Outside {
   X11WindowList m_windows;
   QtFileDialogs m_fileDialogs;
   QtFontColourDialogs m_fontColourDialogs;
+  QtPrintDialog m_printDialog;
 };
 
 /// The main window as main() puts it together, on the present display and in a new folder, with a clock behind each

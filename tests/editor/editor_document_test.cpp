@@ -1,5 +1,4 @@
 #include <csignal>
-
 #include <sys/resource.h>
 #include <sys/stat.h>
 

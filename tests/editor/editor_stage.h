@@ -110,8 +110,8 @@ class Desktop : public Screen {
   WorkArea Area() const override { return {0, 0, 28800, 16200}; }
 };
 
-/// The editor's window with everything around it faked.
-struct EditorStage {
+/// Everything around the editor, faked.
+struct EditorWorld {
   QTemporaryDir folder;
   FakeClipboard clipboard;
   FakeFileLookup files;
@@ -127,8 +127,25 @@ struct EditorStage {
   PlacedWindow1000 main;
   ExternalPrograms programs{
       {files, shell, windows, messages}, ProgramSearch(files, QStringLiteral("P:\\Own"), u'\\'), settings};
-  frm_RTF_HTM window{{{dialogs, messages, question, notice}, printer, clipboard, programs, settings, screen, main},
-                     nullptr};
+
+  EditorServices Services() {
+    return {{dialogs, messages, question, notice}, printer, clipboard, programs, settings, screen, main};
+  }
+  QString Path(const QString& name) const { return folder.filePath(name); }
+  QString Write(const QString& name, const QByteArray& bytes) const {
+    QFile file(Path(name));
+    if (file.open(QIODevice::WriteOnly)) file.write(bytes);
+    return file.fileName();
+  }
+  static QByteArray Read(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  }
+};
+
+/// The editor's window in such a world.
+struct EditorStage : EditorWorld {
+  frm_RTF_HTM window{Services(), nullptr};
 
   /// Shows the window as the main window does, without waiting for its end.
   void Open(OpenMode mode = OpenMode::New, const QString& path = {}) {
@@ -141,16 +158,6 @@ struct EditorStage {
   }
   RichTextControl& Text() { return window.TextControl(); }
   EditorDocument& Document() { return window.Document(); }
-  QString Path(const QString& name) const { return folder.filePath(name); }
-  QString Write(const QString& name, const QByteArray& bytes) const {
-    QFile file(Path(name));
-    if (file.open(QIODevice::WriteOnly)) file.write(bytes);
-    return file.fileName();
-  }
-  static QByteArray Read(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-  }
 };
 
 }  // namespace snipdeck

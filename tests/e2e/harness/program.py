@@ -26,7 +26,8 @@ class Program:
     """A running qm_snipdeck."""
 
     def __init__(self, binary, home=None, first_focus="Text box 1"):
-        """`home` is a TemporaryDirectory that outlives this run; `first_focus` is the text that gets the keyboard."""
+        """`home` is a TemporaryDirectory that outlives this run; `first_focus` is the text that gets the
+        keyboard; None where something else does."""
         self._own_home = None if home else tempfile.TemporaryDirectory(prefix="snipdeck-home.")
         self.home = home or self._own_home
         self._errors = tempfile.TemporaryFile()
@@ -37,7 +38,8 @@ class Program:
         self.tree = accessible.application(self._process.pid)
         self._nodes = {}
         # The program begins to watch the clipboard when its window becomes the active one.
-        wait_until(f"the keyboard in {first_focus}", lambda: self._text(first_focus).is_focused())
+        if first_focus:
+            wait_until(f"the keyboard in {first_focus}", lambda: self._text(first_focus).is_focused())
 
     def box(self, number):
         return self._text(f"Text box {number}")
