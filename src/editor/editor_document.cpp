@@ -45,25 +45,31 @@ void LetTimePass(int milliseconds) {
   loop.exec(QEventLoop::ExcludeUserInputEvents);
 }
 
-// Load/save attributes: 0 page width, 1 page height, from 2 on the margins.
-constexpr int kFirstMargin = 2;
-constexpr int kMarginCount = 4;
+// In the order of the load/save attributes 0 to 5.
+constexpr int PageGeometry::*kPageValues[] = {&PageGeometry::width, &PageGeometry::height, &PageGeometry::left,
+                                              &PageGeometry::top,   &PageGeometry::right,  &PageGeometry::bottom};
 
 // What the file does not say stays as it is.
 void TakePageFromFile(RichTextControl& control) {
-  if (const int width = control.LoadSaveAttribute(0); width > 0) control.SetPageWidth(width);
-  if (const int height = control.LoadSaveAttribute(1); height > 0) control.SetPageHeight(height);
-  for (int side = 0; side < kMarginCount; ++side) {
-    if (const int margin = control.LoadSaveAttribute(kFirstMargin + side); margin > 0)
-      control.SetPageMargins(side, margin);
+  PageGeometry page = control.Page();
+  int attribute = 0;
+  for (const auto value : kPageValues) {
+    if (const int given = control.LoadSaveAttribute(attribute++); given > 0) page.*value = given;
   }
+  // Setting it places every line anew.
+  if (page != control.Page()) control.SetPage(page);
 }
 
 void GivePageToFile(RichTextControl& control) {
-  control.SetLoadSaveAttribute(0, control.PageWidth());
-  control.SetLoadSaveAttribute(1, control.PageHeight());
-  for (int side = 0; side < kMarginCount; ++side)
-    control.SetLoadSaveAttribute(kFirstMargin + side, control.PageMargins(side));
+  const PageGeometry page = control.Page();
+  int attribute = 0;
+  for (const auto value : kPageValues) control.SetLoadSaveAttribute(attribute++, page.*value);
+}
+
+void SetMargins(RichTextControl& control, int twips) {
+  PageGeometry page = control.Page();
+  page.left = page.top = page.right = page.bottom = twips;
+  control.SetPage(page);
 }
 
 /// The notice and the busy pointer, for as long as a file is being written and half a second at least.
@@ -137,7 +143,7 @@ void EditorDocument::EmptyText() {
 
 void EditorDocument::LoadDocument(OpenMode mode) {
   m_control.SetLoadSaveAttribute(37, 1);
-  for (int side = 0; side < kMarginCount; ++side) m_control.SetPageMargins(side, kTwipsPerInch);
+  SetMargins(m_control, kTwipsPerInch);
   m_control.ClearUndoHistory();
   if (mode == OpenMode::New) return;
   if (m_fileName.isEmpty() || !QFileInfo(m_fileName).isFile())
@@ -216,6 +222,8 @@ Outcome EditorDocument::WriteFile() {
 
 bool EditorDocument::ConfirmDiscard() {
   if (m_changedMark != 1) return true;
+  if (m_isAsking) return false;
+  const QScopedValueRollback asking(m_isAsking, true);
   QCoreApplication::processEvents();
   const DocumentDecision decision = m_services.question.Ask(m_fileName);
   if (decision == DocumentDecision::Discard) return true;

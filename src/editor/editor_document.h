@@ -71,6 +71,7 @@ class EditorDocument : public QObject {
   int m_changedMark = 0;
   bool m_isReplacing = false;
   bool m_isSaving = false;
+  bool m_isAsking = false;
   /// An error of the control that is told when the file has been written.
   QString m_errorWhileSaving;
   /// There is a file of this name, but what the control holds did not come from it.
