@@ -6,14 +6,21 @@
 #include <QTextDocument>
 
 #include "platform/whole_file.h"
+#include "richtext/doc/office_converter.h"
 #include "richtext/docx/docx_reader.h"
+#include "richtext/docx/docx_writer.h"
 #include "richtext/flow_text.h"
 #include "richtext/html_reader.h"
 #include "richtext/html_writer.h"
+#include "richtext/pdf/pdf_reader.h"
+#include "richtext/pdf/pdf_writer.h"
 #include "richtext/rtf_reader.h"
 #include "richtext/rtf_writer.h"
 #include "richtext/text_decoder.h"
 #include "richtext/text_writer.h"
+#include "richtext/xlsx/xlsx_reader.h"
+#include "richtext/xlsx/xlsx_writer.h"
+#include "richtext/xml/xhtml.h"
 
 namespace snipdeck {
 namespace {
@@ -35,17 +42,44 @@ Result<RichText> ReadRtfFile(const QByteArray& bytes, const FileProgress&) {
   return RichText::FromRtf(bytes, ReadFor::Document);
 }
 
-Result<RichText> ReadDocxFile(const QByteArray& bytes, const FileProgress& progress) {
+using FlowReader = Result<FlowText> (*)(const QByteArray& bytes, QStringList& warnings, const FileProgress& progress);
+
+template <FlowReader Read>
+Result<RichText> ReadFlow(const QByteArray& bytes, const FileProgress& progress) {
   QStringList warnings;
-  Result<FlowText> text = ReadDocx(bytes, warnings, progress);
+  Result<FlowText> text = Read(bytes, warnings, progress);
   if (!text) return text.Error();
   return RichText::FromFlow(std::move(text.Value()), warnings);
 }
 
-// For the formats that are only read.
-Result<QByteArray> WriteNothing(const QTextDocument&, const FileProgress&) {
-  return Failure{Failure::Kind::Unsupported, QStringLiteral("Files of this format can only be read.")};
+// The format of older word processors goes through the newer one.
+Result<RichText> ReadDocFile(const QByteArray& bytes, const FileProgress& progress) {
+  constexpr QByteArrayView kCompoundFile("\xD0\xCF\x11\xE0");
+  if (!bytes.startsWith(kCompoundFile))
+    return Failure{Failure::Kind::Malformed, QStringLiteral("The file is damaged, or not a Word document.")};
+  const Result<QByteArray> docx = ConvertWithOffice(bytes, QStringLiteral("doc"), QStringLiteral("docx"), progress);
+  if (!docx) return docx.Error();
+  return ReadFlow<ReadDocx>(docx.Value(), progress);
 }
+
+Result<QByteArray> WriteDocFile(const QTextDocument& document, const FileProgress& progress) {
+  const Result<QByteArray> docx = WriteDocx(document, progress);
+  if (!docx) return docx.Error();
+  return ConvertWithOffice(docx.Value(), QStringLiteral("docx"), QStringLiteral("doc"), progress);
+}
+
+Result<RichText> ReadXmlFile(const QByteArray& bytes, const FileProgress&) {
+  return ReadXhtml(bytes);
+}
+
+Result<QByteArray> WriteXmlFile(const QTextDocument& document, const FileProgress&) {
+  return WriteXhtml(document);
+}
+
+Result<QByteArray> WriteCssFile(const QTextDocument& document, const FileProgress&) {
+  return WriteStyleSheet(document);
+}
+
 
 Result<QByteArray> WriteTextFile(const QTextDocument& document, const FileProgress&) {
   return WriteText(document).toUtf8();
@@ -69,7 +103,12 @@ constexpr std::array kCodecs = {
     Codec{FileFormat::PlainText, ReadText, WriteTextFile},
     Codec{FileFormat::Html, ReadHtmlFile, WriteHtmlFile},
     Codec{FileFormat::Rtf, ReadRtfFile, WriteRtfFile},
-    Codec{FileFormat::Docx, ReadDocxFile, WriteNothing},
+    Codec{FileFormat::Doc, ReadDocFile, WriteDocFile},
+    Codec{FileFormat::Xml, ReadXmlFile, WriteXmlFile},
+    Codec{FileFormat::Css, ReadText, WriteCssFile},
+    Codec{FileFormat::Pdf, ReadFlow<ReadPdf>, WritePdf},
+    Codec{FileFormat::Docx, ReadFlow<ReadDocx>, WriteDocx},
+    Codec{FileFormat::Xlsx, ReadFlow<ReadXlsx>, WriteXlsx},
 };
 
 const Codec* FindCodec(FileFormat format) {

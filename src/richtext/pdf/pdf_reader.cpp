@@ -1,0 +1,80 @@
+#include "richtext/pdf/pdf_reader.h"
+
+#include <QBuffer>
+#include <QPdfDocument>
+#include <QPdfSelection>
+
+#include "richtext/format_properties.h"
+#include "richtext/text_decoder.h"
+
+namespace snipdeck {
+namespace {
+
+constexpr int kMostPages = 20'000;
+constexpr qsizetype kMostCharacters = 64 * 1024 * 1024;
+constexpr int kTwipsPerPoint = 20;
+
+Failure WhyNot(QPdfDocument::Error error) {
+  using Error = QPdfDocument::Error;
+  if (error == Error::IncorrectPassword)
+    return {Failure::Kind::Refused, QStringLiteral("The file is protected by a password.")};
+  if (error == Error::UnsupportedSecurityScheme)
+    return {Failure::Kind::Refused, QStringLiteral("The file is protected in a way that is not known.")};
+  return {Failure::Kind::Malformed, QStringLiteral("The file is damaged, or not a PDF.")};
+}
+
+class PdfFlow {
+ public:
+  PdfFlow() {
+    QTextBlockFormat startsPage;
+    startsPage.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
+    m_text.formats.characters.emplace_back();
+    m_text.formats.paragraphs = {{QTextBlockFormat(), -1}, {startsPage, -1}};
+    m_text.pieces.emplace_back();
+  }
+
+  void AddPage(const QString& page, bool isFirst) {
+    int format = isFirst ? 0 : 1;
+    for (const QString& line : page.split(u'\n')) {
+      m_text.pieces.back().AddRun(line, 0);
+      m_text.pieces.back().EndParagraph(format, 0);
+      format = 0;
+    }
+  }
+
+  void SetSize(QSizeF points) {
+    if (points.isEmpty()) return;
+    m_text.page.setProperty(kPageWidth, qRound(points.width() * kTwipsPerPoint));
+    m_text.page.setProperty(kPageHeight, qRound(points.height() * kTwipsPerPoint));
+  }
+
+  qsizetype Size() const { return m_text.pieces.back().text.size(); }
+  FlowText Take() { return std::move(m_text); }
+
+ private:
+  FlowText m_text;
+};
+
+}  // namespace
+
+Result<FlowText> ReadPdf(const QByteArray& bytes, QStringList& warnings,
+                         const std::function<bool(double)>& progress) {
+  QBuffer buffer;
+  buffer.setData(bytes);
+  buffer.open(QIODevice::ReadOnly);
+  QPdfDocument pdf;
+  pdf.load(&buffer);
+  if (pdf.status() != QPdfDocument::Status::Ready) return WhyNot(pdf.error());
+  PdfFlow flow;
+  flow.SetSize(pdf.pagePointSize(0));
+  const int pages = std::min(pdf.pageCount(), kMostPages);
+  for (int page = 0; page < pages && flow.Size() < kMostCharacters; ++page) {
+    if (progress && !progress(static_cast<double>(page) / pages))
+      return Failure{Failure::Kind::Refused, QStringLiteral("Cancelled.")};
+    flow.AddPage(CleanText(pdf.getAllText(page).text()), page == 0);
+  }
+  if (flow.Size() == 0) warnings.append(QStringLiteral("no text in the file, perhaps pictures of text"));
+  return flow.Take();
+}
+
+}  // namespace snipdeck

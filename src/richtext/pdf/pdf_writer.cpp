@@ -1,0 +1,87 @@
+#include "richtext/pdf/pdf_writer.h"
+
+#include <QAbstractTextDocumentLayout>
+#include <QBuffer>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QTextCursor>
+
+#include "platform/units.h"
+#include "richtext/document_copier.h"
+#include "richtext/document_page.h"
+#include "richtext/safe_document.h"
+
+namespace snipdeck {
+namespace {
+
+constexpr int kDotsPerInch = 1200;
+
+double Dots(int twips) {
+  return twips * static_cast<double>(kDotsPerInch) / kTwipsPerInch;
+}
+
+/// A copy of the text, laid out in pages. Qt itself makes links of what is drawn with an address.
+class Paged {
+ public:
+  Paged(const QTextDocument& source, QPdfWriter& writer) : m_page(PageOf(source)) {
+    m_document.setDefaultFont(Unhinted(source.defaultFont()));
+    m_document.setIndentWidth(source.indentWidth());
+    m_document.setUseDesignMetrics(true);
+    m_document.setDocumentMargin(0);
+    QTextCursor cursor(&m_document);
+    CopyText(source, 0, EndOf(source), cursor);
+    m_document.documentLayout()->setPaintDevice(&writer);
+    m_document.setPageSize({Dots(m_page.width - m_page.left - m_page.right), PageHeight()});
+  }
+
+  int Count() const { return std::max(m_document.pageCount(), 1); }
+
+  void Paint(QPainter& painter, int page) const {
+    const QRectF shown(0, page * PageHeight(), m_document.pageSize().width(), PageHeight());
+    QAbstractTextDocumentLayout::PaintContext context;
+    context.palette.setColor(QPalette::Text, Qt::black);
+    // What hangs out into a margin shows there.
+    context.clip = shown.adjusted(-Dots(m_page.left), 0, Dots(m_page.right), 0);
+    painter.save();
+    painter.translate(Dots(m_page.left), Dots(m_page.top) - shown.top());
+    painter.setClipRect(context.clip);
+    m_document.documentLayout()->draw(&painter, context);
+    painter.restore();
+  }
+
+ private:
+  static QFont Unhinted(QFont font) {
+    font.setHintingPreference(QFont::PreferNoHinting);
+    return font;
+  }
+
+  double PageHeight() const { return Dots(m_page.height - m_page.top - m_page.bottom); }
+
+  SafeDocument m_document;
+  const PageGeometry m_page;
+};
+
+}  // namespace
+
+Result<QByteArray> WritePdf(const QTextDocument& document, const std::function<bool(double)>& progress) {
+  const PageGeometry page = PageOf(document);
+  QBuffer buffer;
+  buffer.open(QIODevice::WriteOnly);
+  QPdfWriter writer(&buffer);
+  writer.setResolution(kDotsPerInch);
+  writer.setPageSize(QPageSize(QSizeF(page.width, page.height) / 20.0, QPageSize::Point, QString(), QPageSize::ExactMatch));
+  writer.setPageMargins(QMarginsF(0, 0, 0, 0));
+  const Paged paged(document, writer);
+  QPainter painter(&writer);
+  const int count = paged.Count();
+  for (int i = 0; i < count; ++i) {
+    if (progress && !progress(static_cast<double>(i) / count))
+      return Failure{Failure::Kind::Refused, QStringLiteral("Cancelled.")};
+    if (i > 0) writer.newPage();
+    paged.Paint(painter, i);
+  }
+  painter.end();
+  return buffer.data();
+}
+
+}  // namespace snipdeck
