@@ -41,6 +41,15 @@ double PointSize(const QTextCharFormat& format, const QFont& defaults) {
   return OwnPointSize(defaults);
 }
 
+double TabOrigin(const QTextBlockFormat& format, int steps, double stepWidth) {
+  return format.leftMargin() + format.textIndent() + steps * stepWidth;
+}
+
+QList<QTextOption::Tab> ShiftedTabs(QList<QTextOption::Tab> tabs, double pixels) {
+  for (QTextOption::Tab& tab : tabs) tab.position += pixels;
+  return tabs;
+}
+
 ListPlace PlaceInList(const QTextBlock& block) {
   const QTextList* const list = block.textList();
   if (!list) return {};

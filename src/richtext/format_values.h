@@ -3,8 +3,10 @@
 #include <QFont>
 #include <QStringList>
 #include <QTextListFormat>
+#include <QTextOption>
 
 class QTextBlock;
+class QTextBlockFormat;
 class QTextCharFormat;
 
 namespace snipdeck {
@@ -18,6 +20,11 @@ QStringList FontFamilies(const QTextCharFormat& format, const QFont& defaults);
 bool HasPointSize(const QTextCharFormat& format);
 /// The font size in points of a format, else that of `defaults`.
 double PointSize(const QTextCharFormat& format, const QFont& defaults);
+
+/// Qt measures the tab stops of a paragraph from where its first line begins, files from the margin: the distance
+/// between the two in pixels. `steps` of `stepWidth` pixels is what the paragraph's list adds to its indent.
+double TabOrigin(const QTextBlockFormat& format, int steps, double stepWidth);
+QList<QTextOption::Tab> ShiftedTabs(QList<QTextOption::Tab> tabs, double pixels);
 
 /// Where a paragraph of a list stands: the depth from 0, and what tells its list from others.
 struct ListPlace {

@@ -53,6 +53,12 @@ bool IsHarmlessLink(const QString& target) {
   return isRelative || kScheme.match(target).hasMatch();
 }
 
+/// Some writers put a picture's address in the place of words that could stand for it.
+bool IsAddress(const QString& alternative) {
+  static const QRegularExpression kAddress(QStringLiteral("^\\s*\\w+:(//)?[^\\s]*[./@][^\\s]*\\s*$"));
+  return kAddress.match(alternative).hasMatch();
+}
+
 class Cleaner {
  public:
   CleanHtml Clean(const HtmlPayload& payload) {
@@ -146,7 +152,9 @@ class Cleaner {
     Content();
     if (name.isEmpty()) {
       ++m_picturesDropped;
-      return Write(WithoutForbiddenEntities(ValueOf(token, "alt").replace(u'<', QLatin1String("&lt;"))));
+      QString alternative = ValueOf(token, "alt");
+      if (IsAddress(alternative)) return;
+      return Write(WithoutForbiddenEntities(alternative.replace(u'<', QLatin1String("&lt;"))));
     }
     Write(QLatin1String("<img src=") + Quoted(name) + PictureSize(token) + u'>');
   }

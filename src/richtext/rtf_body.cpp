@@ -10,11 +10,11 @@ constexpr std::size_t kMaxCellsInRow = 256;
 constexpr qsizetype kDeliverCharacters = 24 * 1024;
 constexpr std::size_t kDeliverItems = 4096;
 
-// What no document may hold: control characters, noncharacters (Qt marks its frames with some), and the object
-// character without an object.
+// What no document may hold: the controls below the blank, noncharacters (Qt marks its frames with some), and the
+// object character without an object.
 bool IsForbidden(char16_t c) {
   if (c < 0x20) return c != u'\t';
-  if (c < 0xFDD0) return c == 0x2029 || (c >= 0x7F && c <= 0x84) || (c >= 0x86 && c <= 0x9F);
+  if (c < 0xFDD0) return c == 0x2029;
   return c <= 0xFDEF || c == 0xFFFC || c == 0xFFFE || c == 0xFFFF;
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/units.h"
 #include "richtext/format_properties.h"
+#include "richtext/format_values.h"
 
 namespace snipdeck {
 namespace {
@@ -116,10 +117,15 @@ int RtfFormats::Paragraph(const ParagraphState& state, const RtfListItem& item) 
     if (found != m_paragraphs.end()) return found->second;
   }
   FlowFormats::Paragraph paragraph{MakeParagraph(state), item.list};
+  const int steps = item.list < 0 ? 0 : item.level + 1;
   if (!plain) {
     paragraph.format.setTextIndent(0);
-    paragraph.format.setLeftMargin(Pixels(item.textIndent - (item.list < 0 ? 0 : kListStep * (item.level + 1))));
+    paragraph.format.setLeftMargin(Pixels(item.textIndent - kListStep * steps));
     if (!item.label.isEmpty()) paragraph.format.setProperty(kListLabel, item.label);
+  }
+  if (!state.tabs.isEmpty()) {
+    const double origin = TabOrigin(paragraph.format, steps, Pixels(kListStep));
+    paragraph.format.setTabPositions(ShiftedTabs(paragraph.format.tabPositions(), -origin));
   }
   m_formats.paragraphs.push_back(paragraph);
   const int index = static_cast<int>(m_formats.paragraphs.size()) - 1;

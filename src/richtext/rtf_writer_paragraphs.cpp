@@ -47,6 +47,11 @@ void Tabs(RtfOutput& out, const QList<QTextOption::Tab>& tabs) {
   }
 }
 
+int ListSteps(const QTextBlock& block) {
+  const QTextList* const list = block.textList();
+  return block.blockFormat().indent() + (list ? list->format().indent() : 0);
+}
+
 }  // namespace
 
 const RtfOutput& RtfParagraphWords::For(const QTextBlock& block) {
@@ -67,7 +72,7 @@ RtfOutput RtfParagraphWords::Build(const QTextBlock& block) {
   if (format.hasProperty(QTextFormat::BlockAlignment)) Alignment(out, format.alignment());
   Indents(out, block);
   Spacing(out, format);
-  Tabs(out, format.tabPositions());
+  Tabs(out, ShiftedTabs(format.tabPositions(), TabOrigin(format, ListSteps(block), m_indentWidth)));
   Breaks(out, format);
   Decoration(out, format);
   return out;
@@ -76,10 +81,9 @@ RtfOutput RtfParagraphWords::Build(const QTextBlock& block) {
 void RtfParagraphWords::Indents(RtfOutput& out, const QTextBlock& block) {
   const QTextBlockFormat format = block.blockFormat();
   const QTextList* const list = block.textList();
-  const int steps = format.indent() + (list ? list->format().indent() : 0);
   // A label hangs in front of its paragraph, as Qt shows it.
   const bool hangs = format.textIndent() == 0 && (list || format.hasProperty(kListLabel));
-  const int left = TwipsFromLength(format.leftMargin() + steps * m_indentWidth);
+  const int left = TwipsFromLength(format.leftMargin() + ListSteps(block) * m_indentWidth);
   // Where a paragraph of a list says nothing, its list does.
   if (left != 0 || list) out.Word("li", left);
   NumberUnlessZero(out, "ri", TwipsFromLength(format.rightMargin()));

@@ -26,8 +26,7 @@ const char* GuessUtf16(QByteArrayView bytes) {
 
 bool IsForbidden(char16_t character) {
   if (character < 0x20) return character != u'\t' && character != u'\n';
-  return (character >= 0x7F && character < 0xA0) || character == 0xFFFC || character >= 0xFFFE ||
-         (character >= 0xFDD0 && character <= 0xFDEF);
+  return character == 0xFFFC || character >= 0xFFFE || (character >= 0xFDD0 && character <= 0xFDEF);
 }
 
 }  // namespace

@@ -23,8 +23,9 @@ QString DecodeText(QByteArrayView bytes);
 /// Code page 1252, with the five unassigned bytes as control characters of the same number.
 QString DecodeWindows1252(QByteArrayView bytes);
 
-/// Text as a document may hold it: line ends of any kind become "\n"; NUL, control characters, halves of surrogate
-/// pairs and the characters by which documents mark their structure are dropped.
+/// Text as a document may hold it: line ends of any kind become "\n"; NUL and the other control characters
+/// that XML does not allow, halves of surrogate pairs and the characters by which documents mark their structure are
+/// dropped.
 QString CleanText(const QString& text);
 
 }  // namespace snipdeck
