@@ -301,6 +301,7 @@ bool RichTextControl::CanPaste() const {
 }
 
 void RichTextControl::Paste() {
+  if (!acceptRichText()) return PastePlainText();
   if (!m_pasteSource) return paste();
   if (!CanPaste()) return;
   if (const auto text = FormattedText(*m_pasteSource)) {
