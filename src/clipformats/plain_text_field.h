@@ -17,6 +17,7 @@ class PlainTextField : public RichTextControl {
     copied->setText(SelText());
     return copied;
   }
+  void insertFromMimeData(const QMimeData* source) override { SetSelText(source->text()); }
 };
 
 }  // namespace snipdeck
