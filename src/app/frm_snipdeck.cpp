@@ -43,8 +43,9 @@ frmSnipdeck::frmSnipdeck(const MainWindowServices& services)
       m_clipboardWindows(*m_boxes, ServicesOfClipboard(), services.screen, *this),
       m_settingsFile(FileInFolder(services.folder, QString::fromLatin1(kSettingsFileName)), m_settings,
                      services.messages),
-      m_storedBoxes(*m_boxes),
+      m_storedBoxes(*m_boxes, services.messages),
       m_storage(m_storedBoxes, services.messages, m_settings.storageFolder),
+      m_files(*m_boxes, m_settings, services.fileDialogs, services.messages, services.longWork),
       m_recovery(*m_boxes, services.clipboard, FileInFolder(services.folder, QStringLiteral("QM_Snipdeck.recovery"))),
       m_geometry(*this),
       m_looks(*this, m_settings, services.fontColourDialogs, services.messages),
@@ -86,6 +87,9 @@ MainWindowParts frmSnipdeck::Parts() {
 void frmSnipdeck::Form_Load() {
   m_startUp.Steps().applyButtonColour = [this] { m_looks.ApplyButtonColour(); };
   m_startUp.Steps().applyControlFonts = [this] { m_looks.ApplyControlFont(*this); };
+  const auto loadContentsFile = [this] { m_files.Contents().LoadFileIntoCumulative(0); };
+  m_startUp.Steps().loadContentsFile = loadContentsFile;
+  m_views.SetLoadContentsFile(loadContentsFile);
   m_startUp.Steps().buildSidebar = [this] { BuildSidebar(); };
   m_startUp.Load();
   m_editor.TakeOverLost();
@@ -162,7 +166,7 @@ void frmSnipdeck::SetTabOrder() {
 }
 
 void frmSnipdeck::ctlClipboard1_Changed() {
-  m_recovery.WhileCapturing([this] { m_capture.ProcessClipboard(); });
+  m_recovery.WhileCapturing([this] { m_files.WhileCapturing([this] { m_capture.ProcessClipboard(); }); });
 }
 
 void frmSnipdeck::mnuAllInOne_Click() {
@@ -212,6 +216,33 @@ void frmSnipdeck::mnuCumulative_Click() {
 
 void frmSnipdeck::mnuExit_Click() {
   close();
+}
+
+void frmSnipdeck::mnuAppend_Click() {
+  m_files.Export().AppendToFile();
+}
+
+void frmSnipdeck::mnuFolder_Click() {
+  const QString chosen = ChooseStorageFolder(m_storedBoxes, m_services.fileDialogs, m_settings.storageFolder);
+  if (chosen.isEmpty()) return;
+  m_settings.storageFolder = chosen;
+  setWindowTitle(chosen);
+}
+
+void frmSnipdeck::mnuIntoClipboard_Click() {
+  m_files.Contents().Get();
+}
+
+void frmSnipdeck::mnuLoadBoxes_Click() {
+  m_storage.LoadAll();
+}
+
+void frmSnipdeck::mnuSaveAs_Click() {
+  m_files.Export().SaveLargeView();
+}
+
+void frmSnipdeck::mnuSaveText_Click() {
+  m_files.Export().SaveCumulative();
 }
 
 void frmSnipdeck::mnuSaveTextBoxes_Click() {

@@ -5,6 +5,7 @@
 #include "app/clipboard_commands.h"
 #include "app/crash_recovery.h"
 #include "app/editor_desk.h"
+#include "app/file_commands.h"
 #include "app/focus_switch.h"
 #include "app/shut_down.h"
 #include "app/start_up.h"
@@ -24,6 +25,7 @@
 #include "platform/file_dialogs.h"
 #include "platform/font_colour_dialogs.h"
 #include "platform/print_dialog.h"
+#include "platform/long_work.h"
 #include "platform/qt/command_button.h"
 #include "platform/qt/qt_window_geometry.h"
 
@@ -44,6 +46,7 @@ struct MainWindowServices {
   FileDialogs& fileDialogs;
   FontColourDialogs& fontColourDialogs;
   PrintDialog& printDialog;
+  LongWork& longWork;
   /// The folder of the executable file.
   QString ownFolder;
   /// The program's folder, and the settings file for users who have none.
@@ -66,6 +69,7 @@ class frmSnipdeck : public QMainWindow {
   void Form_Load();
   void ctlClipboard1_Changed();
   void mnuAllInOne_Click();
+  void mnuAppend_Click();
   void mnuButtonColour_Click();
   void mnuContrlFont_Click();
   void mnuClipStyles_Click();
@@ -74,8 +78,13 @@ class frmSnipdeck : public QMainWindow {
   void mnuEmpty_Click();
   void mnuExit_Click();
   void mnuExplorer_Click();
+  void mnuFolder_Click();
   void mnuHelp_Click();
   void mnuNewTextFile_Click();
+  void mnuIntoClipboard_Click();
+  void mnuLoadBoxes_Click();
+  void mnuSaveAs_Click();
+  void mnuSaveText_Click();
   void mnuSaveTextBoxes_Click();
   void mnuScreenSize_Click();
   void mnuSettings_Click();
@@ -133,6 +142,7 @@ class frmSnipdeck : public QMainWindow {
   SettingsFile m_settingsFile;
   StoredBoxSet m_storedBoxes;
   BoxStorage m_storage;
+  FileCommands m_files;
   CrashRecovery m_recovery;
   QtWindowGeometry m_geometry;
   FontsAndColours m_looks;

@@ -10,6 +10,7 @@
 #include "platform/qt/qt_file_dialogs.h"
 #include "platform/qt/qt_file_lookup.h"
 #include "platform/qt/qt_font_colour_dialogs.h"
+#include "platform/qt/qt_long_work.h"
 #include "platform/qt/qt_message_box.h"
 #include "platform/qt/printing/qt_print_dialog.h"
 #include "platform/qt/qt_screen.h"
@@ -46,8 +47,9 @@ int Run(QApplication& application, SingleInstance& instance, const QString& fold
   QtFileDialogs fileDialogs;
   QtFontColourDialogs fontColourDialogs;
   QtPrintDialog printDialog;
+  QtLongWork longWork;
   frmSnipdeck window({clipboard, clipboard, clipboardAccess, clipboardAccess, clipboardFunctions, messages, screen,
-                      files, shell, windows, fileDialogs, fontColourDialogs, printDialog,
+                      files, shell, windows, fileDialogs, fontColourDialogs, printDialog, longWork,
                       QCoreApplication::applicationDirPath(), folder, InstalledSettingsPath()});
   screen.Follow(&window);
   window.Form_Load();

@@ -8,19 +8,21 @@ namespace snipdeck {
 /// The boxes of the main window as their storage sees them.
 class StoredBoxSet : public StoredBoxes {
  public:
-  explicit StoredBoxSet(BoxSet& boxes) : m_boxes(boxes) {}
+  /// Both outlive this. `messages` is where a box tells what it could not load.
+  StoredBoxSet(BoxSet& boxes, MessageBox& messages);
 
-  bool AreShown() override {
-    if (m_boxes.PanelIsShown()) m_boxes.ShowLeaveLargeView();
-    return !m_boxes.PanelIsShown();
-  }
-  RichText Contents(int n) const override { return RichText::FromDocument(*m_boxes.Box(n).document()); }
+  bool AreShown() override;
+  bool CumulativeCovers() override;
+  Outcome SaveFile(int n, const QString& path) override;
+  void LoadFile(int n, const QString& path, FileFormat format) override;
   void SetSelection(int n, const RichText& text) override { m_boxes.Box(n).SetSelRichText(text); }
   RichText Captured(int n) const override { return m_boxes.CapturedRtf[static_cast<size_t>(n)]; }
+  bool Altered() const override { return m_boxes.BoxesAltered; }
   void SetAltered(bool altered) override { m_boxes.BoxesAltered = altered; }
 
  private:
   BoxSet& m_boxes;
+  MessageBox& m_messages;
 };
 
 }  // namespace snipdeck

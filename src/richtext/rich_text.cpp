@@ -118,6 +118,10 @@ const QTextDocument& RichText::Document() const {
   return m_data->Document();
 }
 
+void RichText::MoveToThread(QThread* thread) const {
+  m_data->document.moveToThread(thread);
+}
+
 QStringList RichText::Warnings() const {
   return m_data->warnings;
 }

@@ -8,6 +8,7 @@
 
 class QTextCursor;
 class QTextDocument;
+class QThread;
 
 namespace snipdeck {
 
@@ -49,6 +50,8 @@ class RichText {
   void InsertAt(QTextCursor& cursor) const;
   /// The text as a document of its own, made at the first call; not to be changed.
   const QTextDocument& Document() const;
+  /// Gives the text to another thread, which alone uses it from then on; called on the thread that has it.
+  void MoveToThread(QThread* thread) const;
   /// What the reader dropped or repaired, in words for a developer.
   QStringList Warnings() const;
 

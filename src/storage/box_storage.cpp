@@ -1,11 +1,17 @@
 #include "storage/box_storage.h"
 
 #include <QDir>
+#include <QFileInfo>
 
-#include "platform/whole_file.h"
 #include "storage/busy_pointer.h"
+#include "storage/file_types.h"
 
 namespace snipdeck {
+
+QString ChooseStorageFolder(StoredBoxes& boxes, FileDialogs& dialogs, const QString& present) {
+  if (boxes.CumulativeCovers()) return {};
+  return dialogs.BrowseForFolder(QStringLiteral("Set folder for saving text boxes"), present);
+}
 
 BoxStorage::BoxStorage(StoredBoxes& boxes, MessageBox& messages, const QString& storageFolder)
     : m_boxes(boxes), m_messages(messages), m_reports(messages), m_storageFolder(storageFolder) {}
@@ -18,7 +24,7 @@ bool BoxStorage::SaveAll() {
     const auto paths = BuildBoxFilePaths(m_storageFolder);
     for (int n = 1; n <= StoredBoxes::kCount; ++n) {
       const QString& path = paths[static_cast<size_t>(n)];
-      const Outcome saved = SaveBoxFile(m_boxes.Contents(n), path);
+      const Outcome saved = m_boxes.SaveFile(n, path);
       if (!saved) m_reports.ShowFileError(path, saved.Error().text);
       allSaved = allSaved && saved;
     }
@@ -26,6 +32,29 @@ bool BoxStorage::SaveAll() {
   }
   m_messages.ShowInformation(QStringLiteral("Text boxes saved to disk in this folder:\r\n\r\n") + m_storageFolder);
   return allSaved;
+}
+
+void BoxStorage::LoadAll() {
+  if (!m_boxes.AreShown()) return;
+  const Message question{
+      .text = QStringLiteral("Text boxes have been altered. Load contents from disk nonetheless?\r\n"),
+      .icon = MessageIcon::Question,
+      .buttons = MessageButtons::YesNo};
+  if (m_boxes.Altered() && m_messages.Show(question) != MessageAnswer::Yes) return;
+  LoadStoredBoxes();
+}
+
+void BoxStorage::LoadStoredBoxes() {
+  const auto paths = BuildBoxFilePaths(m_storageFolder);
+  for (int n = 1; n <= StoredBoxes::kCount; ++n) {
+    const QString& path = paths[static_cast<size_t>(n)];
+    if (QFileInfo::exists(path)) LoadFileIntoBox(n, path);
+  }
+}
+
+void BoxStorage::LoadFileIntoBox(int n, const QString& path) {
+  if (path.isEmpty() || !QFileInfo::exists(path)) return m_reports.ShowFileNotFound(path);
+  m_boxes.LoadFile(n, path, LoadFormatForName(path, true));
 }
 
 void BoxStorage::RestoreBoxes() {
@@ -44,10 +73,6 @@ std::array<QString, StoredBoxes::kCount + 1> BoxStorage::BuildBoxFilePaths(const
         storageFolder + QDir::separator() + QStringLiteral("QM_Snipdeck_Text_%1.rtf").arg(n, 2, 10, QLatin1Char('0'));
   }
   return paths;
-}
-
-Outcome BoxStorage::SaveBoxFile(const RichText& text, const QString& path) {
-  return WriteWholeFile(path, text.Rtf());
 }
 
 }  // namespace snipdeck

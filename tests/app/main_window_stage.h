@@ -11,6 +11,7 @@
 #include "fakes/no_printer.h"
 #include "fakes/scripted_dialogs.h"
 #include "fakes/scripted_messages.h"
+#include "platform/long_work.h"
 
 namespace snipdeck {
 
@@ -18,6 +19,15 @@ namespace snipdeck {
 class FakeScreen : public Screen {
  public:
   WorkArea Area() const override { return {0, 0, 28800, 16200}; }
+};
+
+/// Does the work before it returns; nobody cancels.
+class WorkAtOnce : public LongWork {
+ public:
+  bool Run(const QString&, const Work& work) override {
+    work([](double) { return true; });
+    return true;
+  }
 };
 
 /// The main window with everything around it faked, started in a new folder.
@@ -34,12 +44,13 @@ struct MainWindowStage {
   FakeWindowList windows;
   ScriptedDialogs dialogs;
   NoPrinter printer;
+  WorkAtOnce longWork;
   frmSnipdeck window;
 
   /// `settings` are the settings of the first start, the lines of the settings file.
   explicit MainWindowStage(const QByteArray& settings = {})
       : window({watch, clipboard, writer, memory, memory, messages, screen, files, shell, windows, dialogs, dialogs,
-                printer, QStringLiteral("P:\\Own"), folder.path(), Settings(folder, settings)}) {
+                printer, longWork, QStringLiteral("P:\\Own"), folder.path(), Settings(folder, settings)}) {
     window.Form_Load();
     window.show();
   }

@@ -49,7 +49,7 @@ class StartStopTest : public QObject {
     BoxSet& boxes = *new BoxSet(window, messages);
     CombinedViews views{boxes, messages};
     SettingsFile settingsFile{settingsPath, settings, messages};
-    StoredBoxSet stored{boxes};
+    StoredBoxSet stored{boxes, messages};
     BoxStorage storage{stored, messages, settings.storageFolder};
     CrashRecovery recovery{boxes, clipboard, folder + "/recovery"};
     QtWindowGeometry geometry{window};
@@ -165,7 +165,7 @@ class StartStopTest : public QObject {
     f.messages.Expect(kSaveQuestion, MessageAnswer::Yes);
     f.messages.Expect({.text = "Cannot save this file :\r\n\r\n" + path +
                                "\r\n\r\nThe error was probably triggered for the following reason : \r\n\r\n\"" +
-                               BoxStorage::SaveBoxFile({}, path).Error().text + "\"\r\n",
+                               WriteWholeFile(path, {}).Error().text + "\"\r\n",
                        .icon = MessageIcon::Critical},
                       MessageAnswer::Ok);
     f.messages.Expect("Text boxes saved to disk in this folder:\r\n\r\n" + f.folder);

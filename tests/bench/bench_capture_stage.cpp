@@ -75,6 +75,7 @@ MainWindowServices Outside::Services(ChangeWatch& watch, const Clipboard& clipbo
           m_fileDialogs,
           m_fontColourDialogs,
           m_printDialog,
+          m_longWork,
           QCoreApplication::applicationDirPath(),
           folder,
           InstalledSettingsPath()};

@@ -12,6 +12,7 @@
 #include "platform/qt/qt_file_dialogs.h"
 #include "platform/qt/qt_file_lookup.h"
 #include "platform/qt/qt_font_colour_dialogs.h"
+#include "platform/qt/qt_long_work.h"
 #include "platform/qt/qt_message_box.h"
 #include "platform/qt/printing/qt_print_dialog.h"
 #include "platform/qt/qt_screen.h"
@@ -54,6 +55,7 @@ class Outside {
   QtFileDialogs m_fileDialogs;
   QtFontColourDialogs m_fontColourDialogs;
   QtPrintDialog m_printDialog;
+  QtLongWork m_longWork;
 };
 
 /// The main window as main() puts it together, on the present display and in a new folder, with a clock behind each

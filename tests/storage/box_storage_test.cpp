@@ -9,6 +9,7 @@
 
 #include "fakes/scripted_messages.h"
 #include "platform/whole_file.h"
+#include "richtext/document_file.h"
 
 namespace snipdeck {
 
@@ -17,9 +18,16 @@ namespace {
 class FakeBoxes : public StoredBoxes {
  public:
   bool AreShown() override { return shown; }
-  RichText Contents(int n) const override { return texts[static_cast<size_t>(n)]; }
+  bool CumulativeCovers() override { return !shown; }
+  Outcome SaveFile(int n, const QString& path) override {
+    return WriteWholeFile(path, texts[static_cast<size_t>(n)].Rtf());
+  }
+  void LoadFile(int n, const QString& path, FileFormat format) override {
+    if (const auto text = ReadDocumentFile(path, format)) texts[static_cast<size_t>(n)] = text.Value();
+  }
   void SetSelection(int n, const RichText& text) override { texts[static_cast<size_t>(n)] = text; }
   RichText Captured(int n) const override { return captured[static_cast<size_t>(n)]; }
+  bool Altered() const override { return altered; }
   void SetAltered(bool value) override { altered = value; }
 
   bool shown = true;
@@ -67,7 +75,7 @@ class BoxStorageTest : public QObject {
     ScriptedMessages messages;
     BoxStorage storage(boxes, messages, folder);
     const QString path = folder + "/QM_Snipdeck_Text_03.rtf";
-    const Outcome refused = BoxStorage::SaveBoxFile({}, path);
+    const Outcome refused = boxes.SaveFile(3, path);
     QVERIFY(!refused);
     messages.Expect({.text = "Cannot save this file :\r\n\r\n" + path +
                              "\r\n\r\nThe error was probably triggered for the following reason : \r\n\r\n\"" +
@@ -89,6 +97,31 @@ class BoxStorageTest : public QObject {
     ScriptedMessages messages;
     BoxStorage(boxes, messages, folder).SaveAll();
     QVERIFY(boxes.altered && QDir(folder).isEmpty());
+  }
+
+  void OnlyBoxesWithFilesAreLoaded() {
+    QTemporaryDir other;
+    const QString folder = other.path();
+    FakeBoxes boxes;
+    ScriptedMessages messages;
+    BoxStorage storage(boxes, messages, folder);
+    boxes.texts[3] = RichText::FromPlainText("third");
+    QVERIFY(boxes.SaveFile(3, folder + "/QM_Snipdeck_Text_03.rtf"));
+    boxes.texts[3] = boxes.texts[4] = RichText::FromPlainText("new");
+    boxes.altered = true;
+    const Message question{.text = "Text boxes have been altered. Load contents from disk nonetheless?\r\n",
+                           .icon = MessageIcon::Question,
+                           .buttons = MessageButtons::YesNo};
+    messages.Expect(question, MessageAnswer::No);
+    storage.LoadAll();
+    QCOMPARE(boxes.texts[3].PlainText(), QString("new"));
+    messages.Expect(question, MessageAnswer::Yes);
+    storage.LoadAll();
+    QCOMPARE(boxes.texts[3].PlainText(), QString("third"));
+    QCOMPARE(boxes.texts[4].PlainText(), QString("new"));
+    QVERIFY(boxes.altered);
+    boxes.shown = false;
+    storage.LoadAll();
   }
 
   void OnlyCapturedTextsAreRestored() {

@@ -52,6 +52,15 @@ MessageAnswer ClosedAnswer(MessageButtons buttons) {
   return buttons == MessageButtons::YesNo ? MessageAnswer::No : MessageAnswer::Cancel;
 }
 
+/// A message is answered with the normal pointer, also while something else is busy.
+class ArrowPointer {
+ public:
+  ArrowPointer() { QGuiApplication::setOverrideCursor(Qt::ArrowCursor); }
+  ~ArrowPointer() { QGuiApplication::restoreOverrideCursor(); }
+  ArrowPointer(const ArrowPointer&) = delete;
+  ArrowPointer& operator=(const ArrowPointer&) = delete;
+};
+
 }  // namespace
 
 MessageAnswer QtMessageBox::Show(const Message& message) {
@@ -61,6 +70,7 @@ MessageAnswer QtMessageBox::Show(const Message& message) {
   QMessageBox box(IconOf(message.icon), message.caption, text, ButtonsOf(message.buttons), owner);
   box.setTextFormat(Qt::PlainText);
   box.setDefaultButton(DefaultButtonOf(message));
+  const ArrowPointer arrow;
   switch (box.exec()) {
     case QMessageBox::Yes:
       return MessageAnswer::Yes;

@@ -1,7 +1,10 @@
 // Loading and saving, for RichTextControl.
 
+#include <QFileInfo>
 #include <QTextFrame>
+#include <QThread>
 
+#include "platform/long_work.h"
 #include "platform/message_box.h"
 #include "platform/qt/rich_text_control.h"
 #include "richtext/document_file.h"
@@ -26,6 +29,40 @@ QString FailureText(const QString& what, const QString& path, const Failure& fai
   return what + lineEnd + path + lineEnd + (failure.text.isEmpty() ? QStringLiteral("Unknown reason") : failure.text);
 }
 
+QString FileName(const QString& path) {
+  return QFileInfo(path).fileName();
+}
+
+/// What the user has cancelled needs no report.
+Failure Cancelled() {
+  return {Failure::Kind::Refused, QString()};
+}
+
+bool IsCancelled(const Failure& failure) {
+  return failure.kind == Failure::Kind::Refused && failure.text.isEmpty();
+}
+
+Result<RichText> Read(LongWork* work, const QString& path, FileFormat format) {
+  if (!work) return ReadDocumentFile(path, format);
+  Result<RichText> text = Cancelled();
+  QThread* const here = QThread::currentThread();
+  const bool isWanted = work->Run(RichTextControl::tr("Loading %1 ...").arg(FileName(path)), [&](const auto& step) {
+    text = ReadDocumentFile(path, format, step);
+    if (text) text.Value().MoveToThread(here);
+  });
+  return isWanted ? text : Cancelled();
+}
+
+// A copy is written, since the text may be added to meanwhile.
+Outcome Write(LongWork* work, const QTextDocument& document, const QString& path, FileFormat format) {
+  if (!work) return WriteDocumentFile(document, path, format);
+  const RichText copy = RichText::FromDocument(document);
+  Outcome saved = Cancelled();
+  work->Run(RichTextControl::tr("Saving %1 ...").arg(FileName(path)),
+            [&](const auto& step) { saved = WriteDocumentFile(copy.Document(), path, format, step); });
+  return saved;
+}
+
 }  // namespace
 
 int RichTextControl::LoadSaveAttribute(int index) const {
@@ -40,15 +77,20 @@ void RichTextControl::SetLoadSaveAttribute(int index, int value) {
 }
 
 Outcome RichTextControl::LoadFile(const QString& path, int, FileFormat format) {
-  const Result<RichText> text = ReadDocumentFile(path, format);
+  const int end = LastPosition();
+  const Result<RichText> text = Read(m_longWork, path, format);
   if (!text) {
-    ReportFailure(kLoadFailed, FailureText(QStringLiteral("Cannot load this file:"), path, text.Error()));
+    if (!IsCancelled(text.Error()))
+      ReportFailure(kLoadFailed, FailureText(QStringLiteral("Cannot load this file:"), path, text.Error()));
     return text.Error();
   }
   const QTextFrameFormat page = text.Value().Document().rootFrame()->frameFormat();
   for (int i = 0; i < kPageAttributes; ++i) SetLoadSaveAttribute(i, page.intProperty(PageProperty(i)));
+  // What was added while the file was read comes after it.
+  const RichText added = LastPosition() > end ? RichText::FromDocument(*document(), end) : RichText();
   SetText(QString());
   SetSelRichText(text.Value());
+  if (!added.IsEmpty()) AppendRichText(added);
   SetSelStart(0);
   ClearUndoHistory();
   return Done{};
@@ -61,7 +103,7 @@ Outcome RichTextControl::SaveTo(const QString& path, FileFormat format) {
   for (int i = 0; i < kPageAttributes; ++i) {
     if (LoadSaveAttribute(i) > 0) *values[i] = LoadSaveAttribute(i);
   }
-  if (page == PageOf(*document())) return WriteDocumentFile(*document(), path, format);
+  if (page == PageOf(*document())) return Write(m_longWork, *document(), path, format);
   QTextDocument copy;
   copy.setUndoRedoEnabled(false);
   copy.setDefaultFont(document()->defaultFont());
@@ -73,7 +115,7 @@ Outcome RichTextControl::SaveTo(const QString& path, FileFormat format) {
 
 Outcome RichTextControl::SaveFile(const QString& path, int, FileFormat format) {
   const Outcome saved = SaveTo(path, format);
-  if (saved) return saved;
+  if (saved || IsCancelled(saved.Error())) return saved;
   const QString description = FailureText(QStringLiteral("Cannot save this file:"), path, saved.Error());
   ReportFailure(kSaveFailed, description + QStringLiteral(" (%1)").arg(kSaveFailed, 4, 16, QLatin1Char('0')));
   return saved;
