@@ -23,6 +23,7 @@ void ControlCompanion::Follow(RichTextControl* control) {
     connect(control, &QTextEdit::currentCharFormatChanged, this, refresh);
     connect(control, &QTextEdit::textChanged, this, refresh);
     connect(control, &RichTextControl::ZoomChanged, this, refresh);
+    connect(control, &RichTextControl::ViewChanged, this, refresh);
     connect(control, &QObject::destroyed, this, refresh);
     connect(control->horizontalScrollBar(), &QScrollBar::valueChanged, this, refresh);
     connect(control->document(), &QTextDocument::documentLayoutChanged, this, &ControlCompanion::FollowLayout);

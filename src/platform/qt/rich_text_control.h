@@ -17,7 +17,6 @@
 namespace snipdeck {
 
 class LongTextView;
-class LongWork;
 class MessageBox;
 class PagedCopy;
 class PageView;
@@ -128,6 +127,16 @@ class RichTextControl : public QTextEdit {
   void SetPageMargins(int side, int twips);
   /// Printed pages, 1 or more.
   int PageCount() const;
+  /// How the units of the document's layout are shown: where its left edge stands, in pixels of the control, and how many
+  /// pixels a unit takes. `perPixel` tells how many of them stand for a pixel of the unzoomed text, as far as Qt fits
+  /// lengths to the resolution; `pageHeight` how many a page takes, 0 where the layout has no pages.
+  struct LayoutScale {
+    double left = 0;
+    double shown = 1;
+    double perPixel = 1;
+    double pageHeight = 0;
+  };
+  LayoutScale ScaleOfLayout() const;
   /// The job that PrintPage draws on; null for none. Not owned.
   void SetPrintDevice(PrintJob* job);
   /// Draws a page, from 1, on the print device as page view shows it, on a sheet that was begun. A number out of range
@@ -162,9 +171,6 @@ class RichTextControl : public QTextEdit {
   void SetLoadSaveAttribute(int index, int value);
   /// Where the control shows that a load or save failed; null, as it is made, for nowhere. Outlives the control.
   void SetMessages(MessageBox* messages) { m_messages = messages; }
-  /// What keeps the windows alive while a file is read or written, and lets the user cancel; null, as it is made, reads
-  /// and writes at once. Copies that are added to the text meanwhile come after what is loaded. Outlives the control.
-  void SetLongWork(LongWork* work) { m_longWork = work; }
 
   /// Forgets all undo and redo steps.
   void ClearUndoHistory();
@@ -243,7 +249,6 @@ class RichTextControl : public QTextEdit {
   std::array<int, 16> m_controlOptions{};
   std::array<int, 64> m_loadSaveAttributes{};
   MessageBox* m_messages = nullptr;
-  LongWork* m_longWork = nullptr;
   OleColour m_backColor = OleFromRgb(255, 255, 255);
   bool m_modified = false;
   int m_zoomValue = 100;

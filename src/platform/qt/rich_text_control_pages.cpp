@@ -120,6 +120,12 @@ void RichTextControl::SetPageMargins(int side, int twips) {
   SetPage(page);
 }
 
+RichTextControl::LayoutScale RichTextControl::ScaleOfLayout() const {
+  const double zoom = m_zoomValue / 100.0;
+  if (m_pageView) return {m_pageView->XOfDot(0), zoom, 1, m_pageView->Text().DotsOf(0).height()};
+  return {static_cast<double>(viewport()->x() - horizontalScrollBar()->value()), 1, zoom, 0};
+}
+
 int RichTextControl::PageCount() const {
   return m_pageView ? m_pageView->Text().CountPages() : PagedCopy(*document()).Text().CountPages();
 }

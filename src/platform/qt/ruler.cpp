@@ -67,12 +67,13 @@ void TXRuler::Refresh() {
   if (!control) return;
   const QTextBlock block = control->textCursor().block();
   const QTextDocument* const document = control->document();
-  m_zoom = control->ZoomValue() / 100.0;
-  const QWidget* const view = control->viewport();
-  const double viewLeft = mapFromGlobal(view->mapToGlobal(QPoint())).x() - control->horizontalScrollBar()->value();
+  const RichTextControl::LayoutScale scale = control->ScaleOfLayout();
+  m_zoom = scale.perPixel;
+  m_shown = scale.shown;
+  const double viewLeft = mapFromGlobal(control->mapToGlobal(QPoint())).x() + scale.left;
   const double margin = document->documentMargin() * m_zoom;
   const double columnLeft = std::max(margin, document->documentLayout()->blockBoundingRect(block).left());
-  m_origin = viewLeft + columnLeft;
+  m_origin = viewLeft + columnLeft * m_shown;
   m_columnWidth = std::max(document->textWidth() - columnLeft - margin, 0.0);
   m_indents = IndentsOf(block, m_zoom);
 }
@@ -123,7 +124,7 @@ QString TXRuler::HandleName(const Hit& hit) const {
 
 // Where in the text column the pointer is, drawn to the nearest fine mark of the scale.
 double TXRuler::PositionOf(const QMouseEvent& event) const {
-  const double position = event.position().x() - m_origin;
+  const double position = (event.position().x() - m_origin) / m_shown;
   if (event.modifiers() & Qt::ControlModifier) return position;
   const double snap = Unit().snap * m_zoom;
   return std::round(position / snap) * snap;
@@ -237,9 +238,9 @@ void TXRuler::paintEvent(QPaintEvent*) {
   const QRectF band = Band();
   painter.fillRect(band, palette().color(QPalette::Mid));
   if (!Control()) return;
-  const QRectF column(m_origin, band.top(), m_columnWidth, band.height());
+  const QRectF column(m_origin, band.top(), m_columnWidth * m_shown, band.height());
   painter.fillRect(column, palette().color(QPalette::Base));
-  PaintRulerScale(painter, column.intersected(band), m_origin, m_zoom, Unit(), palette().color(QPalette::Text));
+  PaintRulerScale(painter, column.intersected(band), m_origin, m_zoom * m_shown, Unit(), palette().color(QPalette::Text));
   PaintTabs(painter);
   PaintIndents(painter);
 }

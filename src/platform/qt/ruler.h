@@ -24,7 +24,7 @@ class TXRuler : public ControlCompanion {
 
   TXRuler* WindowHandle() { return this; }
   /// The x, in pixels of this widget, at which an indent or a tab stop is shown; see ParagraphIndents.
-  double XOf(double indent) const { return m_origin + indent; }
+  double XOf(double indent) const { return m_origin + indent * m_shown; }
   double XOf(const QTextOption::Tab& tab) const { return XOf(Shown().TabOrigin() + tab.position * m_zoom); }
   /// The indents as they are shown, also in the middle of a drag.
   const ParagraphIndents& Shown() const { return m_drag ? m_drag->draft : m_indents; }
@@ -68,6 +68,7 @@ class TXRuler : public ControlCompanion {
   double m_origin = 0;  // x of the column's left edge
   double m_columnWidth = 0;
   double m_zoom = 1;
+  double m_shown = 1;  // pixels to a unit in which indents are counted
   std::optional<Drag> m_drag;
 };
 

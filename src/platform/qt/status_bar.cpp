@@ -18,8 +18,10 @@ constexpr int kFontPixels = 12;  // fits the lowest status bar, 18 pixels
 constexpr int kDefaultPageHeight = 16838;
 constexpr int kDefaultPageMargin = 1440;
 
-// The height of the text on one page in pixels, as large as the text is drawn.
+// The height of the text on one page in pixels, as large as the text is laid out.
 double PageTextHeight(const RichTextControl& control) {
+  const double real = control.ScaleOfLayout().pageHeight;
+  if (real > 0) return real;
   const QTextFrameFormat page = control.document()->rootFrame()->frameFormat();
   const auto twips = [&](int property, int fallback) {
     const int value = page.intProperty(property);

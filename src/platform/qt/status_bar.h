@@ -8,8 +8,8 @@ class QLabel;
 
 namespace snipdeck {
 
-/// Where the caret of a control stands. `page` is the page that the caret's line would be printed on if the lines were
-/// printed as they are wrapped on the screen; `line` counts the wrapped lines from the top of that page, `column` the
+/// Where the caret of a control stands. `page` is the page that the caret's line is printed on; in the normal view, the
+/// one that it would be printed on if the lines were printed as they are wrapped on the screen; `line` counts the wrapped lines from the top of that page, `column` the
 /// characters from the start of that line. All from 1.
 struct CaretPlace {
   int page = 1;

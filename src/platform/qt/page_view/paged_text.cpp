@@ -3,9 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include <QGuiApplication>
 #include <QPainter>
-#include <QScreen>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextLayout>
@@ -16,17 +14,7 @@
 namespace snipdeck {
 namespace {
 
-constexpr double kFarBelow = 1e6;  // dots; more than any paragraph has
-
-double Dots(int twips) {
-  return twips / kTwipsPerPixel * kPaperDotsPerPixel;
-}
-
-// What the document draws its pixels with is the resolution of the screen; see QTextDocument.
-double DotsOfMargin(const QTextDocument& document) {
-  const QScreen* const screen = QGuiApplication::primaryScreen();
-  return document.documentMargin() * kPaperDotsPerInch / (screen ? screen->logicalDotsPerInchY() : 96);
-}
+constexpr double kFarBelow = 1e6;  // more than any paragraph has
 
 // Shapes and widths as the font's makers drew them, not fitted to the pixels of a screen.
 QFont Unhinted(QFont font) {
@@ -63,12 +51,14 @@ void PagedText::LayOut() {
   m_document.setDefaultFont(Unhinted(m_font));
   m_document.setUseDesignMetrics(true);
   m_geometry = PageOf(m_document);
-  m_margin = DotsOfMargin(m_document);
-  const double margin = m_margin / kPaperDotsPerPixel;
+  m_margin = m_document.documentMargin();
   m_sheet = QSizeF(m_geometry.width, m_geometry.height) / kTwipsPerPixel;
-  m_text = QPointF(m_geometry.left, m_geometry.top) / kTwipsPerPixel - QPointF(margin, margin);
-  m_strip = QSizeF(Dots(m_geometry.width - m_geometry.left - m_geometry.right) + 2 * m_margin,
-                   Dots(m_geometry.height - m_geometry.top - m_geometry.bottom) + 2 * m_margin);
+  m_text = QPointF(m_geometry.left, m_geometry.top) / kTwipsPerPixel - QPointF(m_margin, m_margin);
+  const QSizeF text(m_geometry.width - m_geometry.left - m_geometry.right,
+                    m_geometry.height - m_geometry.top - m_geometry.bottom);
+  // Whole pixels, since the document rounds the height of a page, which would add up over many pages.
+  m_strip = QSizeF(text.width() / kTwipsPerPixel, std::floor(text.height() / kTwipsPerPixel)) +
+            QSizeF(2 * m_margin, 2 * m_margin);
   m_document.setPageSize(m_strip);
 }
 
@@ -142,15 +132,15 @@ QRectF PagedText::DotsOf(int page) const {
 }
 
 QPointF PagedText::OnSheet(int page, const QPointF& dot) const {
-  return (dot - DotsOf(page).topLeft()) / kPaperDotsPerPixel + m_text;
+  return dot - DotsOf(page).topLeft() + m_text;
 }
 
 QRectF PagedText::OnSheet(int page, const QRectF& dots) const {
-  return QRectF(OnSheet(page, dots.topLeft()), dots.size() / kPaperDotsPerPixel);
+  return QRectF(OnSheet(page, dots.topLeft()), dots.size());
 }
 
 QPointF PagedText::FromSheet(int page, const QPointF& point) const {
-  const QPointF dot = (point - m_text) * kPaperDotsPerPixel;
+  const QPointF dot = point - m_text;
   const QRectF dots = DotsOf(page);
   return {std::clamp(dot.x(), 0.0, dots.width() - 1),
           dots.top() + std::clamp(dot.y(), m_margin, dots.height() - m_margin - 1)};
@@ -169,10 +159,9 @@ void PagedText::Paint(QPainter& painter, int page, QAbstractTextDocumentLayout::
   const QRectF dots = DotsOf(page);
   painter.save();
   painter.translate(m_text);
-  painter.scale(1 / kPaperDotsPerPixel, 1 / kPaperDotsPerPixel);
   painter.translate(-dots.topLeft());
   // What hangs out of its line at the sides is shown; above and below begins the next page.
-  painter.setClipRect(dots.adjusted(-m_text.x() * kPaperDotsPerPixel, 0, m_text.x() * kPaperDotsPerPixel, 0),
+  painter.setClipRect(dots.adjusted(-m_text.x(), 0, m_text.x(), 0),
                       Qt::IntersectClip);
   context.clip = dots;
   m_document.documentLayout()->draw(&painter, context);

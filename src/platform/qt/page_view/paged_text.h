@@ -16,8 +16,8 @@ class QTextDocument;
 namespace snipdeck {
 
 /// A document that is laid out in pages of its own geometry as long as this object lives. The text of all pages forms one
-/// strip, page under page without the margins, in dots of PaperDevice; sheets are measured in pixels of 1/96 inch from their
-/// upper left corner. Pages count from 0. The document's layout is anyone's afterwards: whoever had it before gives it
+/// strip, page under page without the margins; places in it are called dots, and sheets are measured from their upper left
+/// corner, both in pixels of 1/96 inch. Pages count from 0. The document's layout is anyone's afterwards: whoever had it before gives it
 /// back its paint device and its page size.
 class PagedText : public QObject {
  public:
@@ -69,10 +69,10 @@ class PagedText : public QObject {
   QBasicTimer m_finding;
   PaperDevice m_paper;
   PageGeometry m_geometry;
-  QSizeF m_sheet;       // pixels
-  QPointF m_text;       // upper left corner of a page's strip on its sheet, pixels
-  QSizeF m_strip;       // dots of one page
-  double m_margin = 0;  // dots that the document keeps free around the text of each page
+  QSizeF m_sheet;
+  QPointF m_text;       // upper left corner of a page's strip on its sheet
+  QSizeF m_strip;       // of one page
+  double m_margin = 0;  // what the document keeps free around the text of each page
 };
 
 }  // namespace snipdeck

@@ -1,6 +1,11 @@
 #include "platform/qt/page_view/paper_device.h"
 
 namespace snipdeck {
+namespace {
+
+constexpr int kDotsPerInch = 96;
+
+}  // namespace
 
 int PaperDevice::metric(PaintDeviceMetric metric) const {
   switch (metric) {
@@ -8,7 +13,7 @@ int PaperDevice::metric(PaintDeviceMetric metric) const {
     case PdmDpiY:
     case PdmPhysicalDpiX:
     case PdmPhysicalDpiY:
-      return kPaperDotsPerInch;
+      return kDotsPerInch;
     case PdmDevicePixelRatio:
       return 1;
     case PdmDevicePixelRatioScaled:

@@ -1,0 +1,229 @@
+#include "platform/qt/page_view/page_view.h"
+
+#include <QPainter>
+#include <QRandomGenerator>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+
+#include "platform/print_dialog.h"
+#include "platform/qt/rich_text_control.h"
+
+namespace snipdeck {
+namespace {
+
+QString Words(int paragraphs, quint32 seed) {
+  QRandomGenerator random(seed);
+  QStringList text;
+  for (int i = 0; i < paragraphs; ++i) {
+    QStringList words;
+    for (int length = random.bounded(1, 120); length > 0; --length)
+      words << QString(random.bounded(1, 11), QChar(u'a' + random.bounded(26)));
+    text << words.join(u' ');
+  }
+  return text.join(u'\n');
+}
+
+// The position that each page begins with, by the text's own way of finding what stands where.
+QList<int> Breaks(const PagedText& text, const QTextDocument& document) {
+  QList<int> breaks;
+  const int pages = text.CountPages();
+  for (int page = 0; page < pages; ++page) {
+    const QPointF first = text.FromSheet(page, QPointF(0, 0));
+    breaks << document.documentLayout()->hitTest(first, Qt::FuzzyHit);
+  }
+  return breaks;
+}
+
+// A printer whose sheets are pictures of 96 dots an inch.
+class PicturePrinter : public PrintJob {
+ public:
+  explicit PicturePrinter(QSize size) : m_sheet(size, QImage::Format_RGB32) { StartPage(); }
+  bool StartPage() override {
+    if (m_painter.isActive()) m_painter.end();
+    m_sheet.fill(Qt::white);
+    m_painter.begin(&m_sheet);
+    m_painter.scale(1 / kTwipsPerPixel, 1 / kTwipsPerPixel);
+    return true;
+  }
+  QPainter& Painter() override { return m_painter; }
+  Outcome Finish() override {
+    m_painter.end();
+    return Done{};
+  }
+  const QImage& Sheet() const { return m_sheet; }
+
+ private:
+  QImage m_sheet;
+  QPainter m_painter;
+};
+
+}  // namespace
+
+class PageViewTest : public QObject {
+  Q_OBJECT
+
+  struct Fixture {
+    QWidget window;
+    RichTextControl control{&window};
+
+    explicit Fixture(const QString& text) {
+      window.resize(900, 1250);
+      control.setGeometry(window.rect());
+      control.SetText(text);
+      window.show();
+      window.activateWindow();
+      QVERIFY(QTest::qWaitForWindowActive(&window));
+      control.setFocus();
+    }
+    PageView& Pages() const { return *control.findChild<PageView*>(); }
+    QList<int> BreaksNow() const { return Breaks(Pages().Text(), *control.document()); }
+    QScrollBar& Scroll() const { return *Pages().verticalScrollBar(); }
+  };
+
+ private slots:
+  void PagesBreakAtTheSameWordsAtAnyZoomAndOnPaper() {
+    Fixture f(Words(150, 1));
+    f.control.SetViewMode(2);
+    const QList<int> breaks = f.BreaksNow();
+    QVERIFY(breaks.size() > 5);
+    for (const int zoom : {50, 137, 300}) {
+      f.control.SetZoomValue(zoom);
+      QCOMPARE(f.BreaksNow(), breaks);
+    }
+    f.control.SetViewMode(0);
+    QCOMPARE(f.control.PageCount(), breaks.size());
+  }
+
+  void TheDocumentsPageDecides() {
+    Fixture f(Words(60, 2));
+    f.control.SetViewMode(2);
+    const int pages = f.control.PageCount();
+    QCOMPARE(f.Pages().Text().SheetSize().toSize(), QSize(794, 1123));
+    f.control.SetPage({8391, 5953, 720, 720, 720, 720});
+    QTRY_COMPARE(f.Pages().Text().SheetSize().toSize(), QSize(559, 397));
+    QVERIFY(f.control.PageCount() > 2 * pages);
+    f.control.undo();
+    QTRY_COMPARE(f.control.PageCount(), pages);
+    f.control.SetPage({500, 500, 9000, 9000, 9000, 9000});
+    QTRY_VERIFY(f.control.PageCount() > 1);
+  }
+
+  void SwitchingChangesNothingButTheView() {
+    Fixture f(Words(200, 3));
+    f.control.setGeometry(0, 0, 700, 500);
+    QTRY_VERIFY(f.control.document()->pageSize().width() < 700);
+    f.control.SetSelStart(6000);
+    f.control.SetSelLength(5);
+    f.control.ensureCursorVisible();
+    f.control.SetSelText("typed");
+    QTRY_VERIFY(f.control.verticalScrollBar()->value() > 0);
+    QSignalSpy changes(&f.control, &QTextEdit::textChanged);
+    const int scrolled = f.control.verticalScrollBar()->value();
+    const int caret = f.control.textCursor().position();
+    for (int i = 0; i < 2; ++i) {
+      f.control.SetViewMode(2);
+      QVERIFY(f.control.rect().toRectF().contains(f.Pages().CaretRect()));
+      f.control.SetViewMode(0);
+      QCOMPARE(f.control.verticalScrollBar()->value(), scrolled);
+    }
+    QCOMPARE(f.control.textCursor().position(), caret);
+    QCOMPARE(changes.size(), 0);
+    f.control.undo();
+    QVERIFY(!f.control.Text().contains("typed"));
+  }
+
+  void EditedPagesAreThoseOfAFreshLayout_data() {
+    QTest::addColumn<quint32>("seed");
+    for (quint32 seed = 1; seed <= 4; ++seed) QTest::addRow("seed %u", seed) << seed;
+  }
+
+  void EditedPagesAreThoseOfAFreshLayout() {
+    QFETCH(quint32, seed);
+    Fixture f(Words(80, seed));
+    f.control.SetViewMode(2);
+    QRandomGenerator random(seed);
+    for (int i = 0; i < 25; ++i) {
+      const int length = static_cast<int>(f.control.Text().size());
+      f.control.SetSelStart(random.bounded(length));
+      f.control.SetSelLength(random.bounded(900));
+      f.control.SetSelText(random.bounded(2) ? QString() : Words(random.bounded(1, 4), seed + static_cast<quint32>(i)));
+      QTest::qWait(1);
+    }
+    const QList<int> edited = f.BreaksNow();
+    f.control.SetViewMode(0);
+    f.control.SetViewMode(2);
+    QCOMPARE(edited, f.BreaksNow());
+  }
+
+  void PaperShowsWhatTheViewShows() {
+    Fixture f(Words(60, 5));
+    f.control.SetSelLength(40);
+    f.control.SetBold(-1);
+    f.control.SetSelStart(0);
+    f.control.SetViewMode(2);
+    f.Pages().setFocus();
+    f.window.setFocus();
+    const QSize size = f.Pages().Text().SheetSize().toSize();
+    PicturePrinter printer(size);
+    f.control.SetPrintDevice(&printer);
+    for (const bool marks : {false, true}) {
+      f.control.SetShowFormatting(false);
+      const QImage view = f.Pages().viewport()->grab().toImage().convertToFormat(QImage::Format_RGB32);
+      f.control.SetShowFormatting(marks);
+      printer.StartPage();
+      f.control.PrintPage(1);
+      const QPoint corner((f.Pages().viewport()->width() - size.width()) / 2, 12);
+      QCOMPARE(printer.Sheet().copy(10, 10, size.width() - 20, size.height() - 20),
+               view.copy(QRect(corner + QPoint(10, 10), size - QSize(20, 20))));
+    }
+    printer.StartPage();
+    const QImage blank = printer.Sheet().copy();
+    f.control.PrintPage(0);
+    f.control.PrintPage(f.control.PageCount() + 1);
+    QCOMPARE(printer.Sheet(), blank);
+  }
+
+  void TheMouseMeansWhatItPointsAt() {
+    Fixture f(Words(150, 6));
+    f.control.SetViewMode(2);
+    for (const int zoom : {100, 60, 105}) {
+      f.control.SetZoomValue(zoom);
+      f.control.SetSelStart(9100);
+      f.control.SetSelStart(9000);
+      const QPoint there = f.Pages().viewport()->mapFrom(&f.control, f.Pages().CaretRect().center().toPoint());
+      f.control.SetSelStart(9100);
+      const QPoint end = f.Pages().viewport()->mapFrom(&f.control, f.Pages().CaretRect().center().toPoint());
+      QTest::mousePress(f.Pages().viewport(), Qt::LeftButton, {}, there);
+      QCOMPARE(f.control.textCursor().position(), 9000);
+      QTest::mouseMove(f.Pages().viewport(), end);
+      QTest::mouseRelease(f.Pages().viewport(), Qt::LeftButton, {}, end);
+      QCOMPARE(f.control.SelLength(), 100);
+    }
+  }
+
+  void TheViewFollowsTheCaret() {
+    Fixture f(Words(150, 7));
+    f.control.SetViewMode(2);
+    QTest::keyClick(&f.control, Qt::Key_End, Qt::ControlModifier);
+    QCOMPARE(f.control.SelStart(), f.control.Text().size());
+    QVERIFY(f.control.rect().toRectF().contains(f.Pages().CaretRect()));
+    QTest::keyClick(&f.control, Qt::Key_Home, Qt::ControlModifier);
+    QVERIFY(f.Scroll().value() < 120);
+    const double top = f.Pages().CaretRect().top();
+    int turns = 0;
+    for (int last = -1; last != f.control.textCursor().position() && turns < 100; ++turns) {
+      last = f.control.textCursor().position();
+      QTest::keyClick(&f.control, Qt::Key_PageDown, Qt::ShiftModifier);
+      QVERIFY(f.control.rect().toRectF().contains(f.Pages().CaretRect()));
+    }
+    QVERIFY2(turns > 5 && turns < 30, qPrintable(QString::number(turns)));
+    QCOMPARE(f.control.SelStart(), 0);
+    QVERIFY(top > 0);
+  }
+};
+
+}  // namespace snipdeck
+
+QTEST_MAIN(snipdeck::PageViewTest)
+#include "page_view_test.moc"
