@@ -41,6 +41,7 @@ const QSet<QString>& KnownProperties() {
                                        "border-bottom",
                                        "color",
                                        "display",
+                                       "font",
                                        "font-family",
                                        "font-size",
                                        "font-style",
@@ -178,11 +179,34 @@ std::optional<Declaration> Parse(QStringView text) {
   if (colon < 0) return std::nullopt;
   Declaration declaration{text.first(colon).trimmed().toString().toLower(), text.mid(colon + 1).trimmed().toString()};
   if (!KnownProperties().contains(declaration.property)) return std::nullopt;
-  if (declaration.property != QLatin1String("font-family")) declaration.value = declaration.value.toLower();
+  const bool namesFonts =
+      declaration.property == QLatin1String("font-family") || declaration.property == QLatin1String("font");
+  if (!namesFonts) declaration.value = declaration.value.toLower();
   declaration.value.remove(QLatin1String("!important"), Qt::CaseInsensitive);
   declaration.value = declaration.value.trimmed();
   if (declaration.value.isEmpty() || IsForbidden(declaration.value)) return std::nullopt;
   return declaration;
+}
+
+/// The declarations that "font" stands for: words of style and weight in any order, the size, and then the families.
+QString ExpandFont(const QString& value) {
+  const QStringList words = value.split(u' ', Qt::SkipEmptyParts);
+  QString css;
+  for (qsizetype i = 0; i < words.size(); ++i) {
+    const QString word = words[i].toLower();
+    const QString size = word.section(u'/', 0, 0);
+    if (!FontPoints(size, kDefaultPoints)) {
+      if (word == QLatin1String("italic") || word == QLatin1String("oblique"))
+        css += QLatin1String("font-style:italic;");
+      if (word.startsWith(QLatin1String("bold")) || word.toInt() >= 600) css += QLatin1String("font-weight:bold;");
+      if (word == QLatin1String("small-caps")) css += QLatin1String("font-variant:small-caps;");
+      continue;
+    }
+    css += QLatin1String("font-size:") + size + u';';
+    if (word.contains(u'/')) css += QLatin1String("line-height:") + word.section(u'/', 1) + u';';
+    return css + QLatin1String("font-family:") + words.mid(i + 1).join(u' ') + u';';
+  }
+  return {};  // without a size it says nothing
 }
 
 /// The end of the declaration that starts at `from`: its semicolon outside quotation marks and brackets.
@@ -240,6 +264,10 @@ QString FilterDeclarations(QStringView declarations, double& fontSize) {
   for (qsizetype at = 0; at < declarations.size();) {
     const qsizetype end = EndOfDeclaration(declarations, at);
     auto declaration = Parse(declarations.mid(at, end - at));
+    if (declaration && declaration->property == QLatin1String("font")) {
+      css += FilterDeclarations(ExpandFont(declaration->value), fontSize);
+      declaration.reset();
+    }
     if (declaration) declaration = Adjust(*declaration, fontSize);
     if (declaration) css += declaration->property + u':' + declaration->value + u';';
     at = end + 1;

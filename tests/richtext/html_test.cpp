@@ -81,6 +81,8 @@ void HtmlTest::Text_data() {
                                      << QString("abA") + QString::fromUcs4(U"\U0010FFFF");
   QTest::newRow("a picture elsewhere") << QByteArray("<p>a<img src='http://example.org/x.png' alt='word'>b</p>")
                                        << "awordb";
+  QTest::newRow("a picture named by its address")
+      << QByteArray("<p>a<img src='cid:1' alt='https://example.org/x.png'>b</p>") << "ab";
   QTest::newRow("cut in a tag") << QByteArray("<p>a</p><p title='") << "a";
 }
 
@@ -99,6 +101,8 @@ void HtmlTest::Formats_data() {
   QTest::newRow("pixels") << QByteArray("<span style='font-size:16px'>a</span>") << "halfpoints=24";
   QTest::newRow("relative") << QByteArray("<div style='font-size:20pt'><span style='font-size:150%'>a</span></div>")
                             << "halfpoints=60";
+  QTest::newRow("all of the font") << QByteArray("<p style='font:italic bold 20px/1.5 Arial'>a</p>")
+                                   << "font=Arial halfpoints=30 bold=1 italic=1";
   QTest::newRow("heading") << QByteArray("<h1>a</h1>") << "halfpoints=48 bold=1";
   QTest::newRow("font element") << QByteArray("<font face=Arial size=5 color=#ff0000>a</font>")
                                 << "font=Arial halfpoints=36";
