@@ -31,11 +31,13 @@ QListWidget* MakeList(const char* name, const QString& accessibleName, const std
   return list;
 }
 
-// Every entry is shown, whatever font the list has been given.
+constexpr int kRows = static_cast<int>(std::max(WindowSizes::kPresets.size(), WindowSizes::kPercents.size()));
+
+// Every entry is shown, whatever font the list has been given, and both lists are equally high.
 void FitEntries(QListWidget& list) {
   const int frame = 2 * list.frameWidth();
   list.setFixedSize(list.sizeHintForColumn(0) + list.fontMetrics().averageCharWidth() * 2 + frame,
-                    list.sizeHintForRow(0) * list.count() + frame);
+                    list.sizeHintForRow(0) * kRows + frame);
 }
 
 bool IsEnter(const QEvent& event) {

@@ -17,14 +17,41 @@ bool MeansEveryFile(const QString& pattern) {
 #endif
 }
 
+// "*.html;*.htm" as Qt writes it.
+QString Patterns(const FileFilter& filter) {
+  if (MeansEveryFile(filter.pattern)) return QStringLiteral("*");
+  return QString(filter.pattern).replace(u';', u' ');
+}
+
 // The label as it is told, with the pattern behind it in brackets, which the dialog takes off again.
 QStringList NameFilters(const QList<FileFilter>& filters) {
   QStringList names;
   for (const FileFilter& filter : filters) {
-    const QString pattern = MeansEveryFile(filter.pattern) ? QStringLiteral("*") : filter.pattern;
-    names.append(QStringLiteral("%1 (%2)").arg(filter.label, pattern));
+    names.append(QStringLiteral("%1 (%2)").arg(filter.label, Patterns(filter)));
   }
   return names;
+}
+
+// What a name without an ending gets while this filter is chosen.
+QString ExtensionOf(const FileFilter& filter) {
+  return MeansEveryFile(filter.pattern) ? QString() : filter.pattern.section(u';', 0, 0).section(u'.', -1);
+}
+
+// The kind of the proposed name is the one that is offered first.
+void FollowKinds(QFileDialog& dialog, const FileRequest& request) {
+  const QStringList names = NameFilters(request.filters);
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
+                   [&dialog, names, filters = request.filters](const QString& name) {
+                     const qsizetype chosen = names.indexOf(name);
+                     if (chosen >= 0) dialog.setDefaultSuffix(ExtensionOf(filters[chosen]));
+                   });
+  const QString proposed = QFileInfo(request.fileName.value_or(QString())).fileName();
+  for (qsizetype i = 0; i < names.size(); ++i) {
+    if (!QDir::match(Patterns(request.filters[i]).split(u' '), proposed)) continue;
+    dialog.selectNameFilter(names[i]);
+    dialog.setDefaultSuffix(ExtensionOf(request.filters[i]));
+    return;
+  }
 }
 
 QString OnlyChoice(const QFileDialog& dialog) {
@@ -46,6 +73,7 @@ QString QtFileDialogs::SaveFile(const FileRequest& request) {
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
   Prepare(dialog, request);
+  FollowKinds(dialog, request);
   return RunForFile(dialog);
 }
 

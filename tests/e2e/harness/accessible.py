@@ -50,6 +50,11 @@ class Node:
     def is_focused(self):
         return self.has_state(Atspi.StateType.FOCUSED)
 
+    def children(self):
+        """What lies directly below; of the program itself, its windows."""
+        found = [self._accessible.get_child_at_index(index) for index in range(self._accessible.get_child_count())]
+        return [Node(child) for child in found if child]
+
     def walk(self):
         """Everything below, each object before its children."""
         for index in range(self._accessible.get_child_count()):
