@@ -96,8 +96,8 @@ void DocxBody::Paragraph(XmlPart& xml) {
 }
 
 void DocxBody::FinishParagraph(OpenParagraph& paragraph) {
-  const bool hasDeletedMark = paragraph.properties.mark.boolProperty(kDocxDeleted);
-  if (hasDeletedMark) {
+  const bool joinsNext = paragraph.properties.joinsNext || paragraph.properties.mark.boolProperty(kDocxDeleted);
+  if (joinsNext) {
     m_held = std::move(paragraph.runs);
   } else {
     const bool breaksPage = std::exchange(m_breakBefore, false) || paragraph.breaksPage;
@@ -142,7 +142,8 @@ Flow DocxBody::NestedFlow(XmlPart& xml) {
 /// True when the section that follows begins on a new page.
 bool DocxBody::ReadSection(XmlPart& xml) {
   bool startsPage = true;
-  const bool isFirst = m_context.page.propertyCount() == 0;
+  const bool isFirst =
+      !m_context.page.hasProperty(kPageWidth) && !m_context.page.hasProperty(kPageMarginLeft);
   while (xml.readNextStartElement()) {
     if (isFirst) ReadPage(xml);
     if (xml.Is("type")) startsPage = xml.Value() != QLatin1String("continuous");
@@ -189,6 +190,7 @@ void DocxBody::InlineElement(XmlPart& xml) {
   }
   if (xml.Is("AlternateContent")) return Alternatives(xml, &DocxBody::Inline);
   if (xml.Is("t")) return AddText(xml.readElementText(QXmlStreamReader::SkipChildElements));
+  if (xml.IsMath() && xml.Is("den")) AddText(u"/");
   if (IsWrapper(xml) || xml.IsMath()) return Inline(xml);
   xml.skipCurrentElement();
 }

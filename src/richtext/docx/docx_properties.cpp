@@ -294,6 +294,8 @@ void ReadParagraphProperty(XmlPart& xml, DocxParagraph& paragraph) {
   if (xml.Is("tabs")) return ReadTabs(paragraph.format, xml);
   if (xml.Is("pBdr")) return ReadParagraphBorders(paragraph, xml);
   if (xml.Is("numPr")) return ReadNumbering(paragraph.format, xml);
+  // The large first letter of a paragraph stands in one of its own.
+  if (xml.Is("framePr") && !xml.Value("dropCap").isEmpty()) paragraph.joinsNext = true;
   const auto entry = std::find_if(std::begin(kParagraphEntries), std::end(kParagraphEntries),
                                   [&](const ParagraphEntry& candidate) { return xml.Is(candidate.element); });
   if (entry != std::end(kParagraphEntries)) entry->read(paragraph.format, xml);

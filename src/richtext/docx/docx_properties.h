@@ -40,6 +40,7 @@ struct DocxParagraph {
   QTextBlockFormat format;
   QTextCharFormat mark;       ///< Of the paragraph's own mark.
   bool endsSection = false;
+  bool joinsNext = false;        ///< Its text begins the next paragraph.
   bool startsPageAfter = false;  ///< What follows the section begins on a new page.
   QByteArray borders;
 };

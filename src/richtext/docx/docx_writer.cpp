@@ -273,7 +273,7 @@ class DocxVisitor : public DocumentVisitor {
     m_out.Attribute("prst", QStringLiteral("rect"));
     m_out.Empty("a:avLst");
     m_out.End();
-    for (int i = 0; i < 6; ++i) m_out.End();
+    for (int i = 0; i < 5; ++i) m_out.End();
   }
 
   void WriteSection() {

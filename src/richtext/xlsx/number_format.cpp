@@ -157,7 +157,10 @@ class Digits {
       if (token.kind == Token::Kind::Digits) m_pattern += token.text;
     }
     const qsizetype exponent = m_pattern.indexOf(QLatin1Char('E'), 0, Qt::CaseInsensitive);
-    const QString mantissa = exponent < 0 ? m_pattern : m_pattern.left(exponent);
+    QString mantissa = exponent < 0 ? m_pattern : m_pattern.left(exponent);
+    // A comma between digits groups them, one behind the last digit divides by a thousand.
+    mantissa.remove(u'%');
+    for (; mantissa.endsWith(u','); mantissa.chop(1)) ++m_thousands;
     m_exponentDigits = exponent < 0 ? 0 : static_cast<int>(std::max<qsizetype>(m_pattern.size() - exponent - 2, 1));
     const qsizetype point = mantissa.indexOf(u'.');
     const QString whole = point < 0 ? mantissa : mantissa.left(point);
@@ -167,13 +170,12 @@ class Digits {
     m_leastDecimals = Places(part, QLatin1String("0"));
     m_percents = static_cast<int>(m_pattern.count(u'%'));
     m_isFraction = m_pattern.contains(u'/');
-    // A comma between digits groups them, one behind the last digit divides by a thousand.
-    const QString places = QString(whole).remove(u'%');
-    qsizetype end = places.size();
-    while (end > 0 && places[end - 1] == u',') --end;
-    m_thousands = static_cast<int>(places.size() - end);
-    m_groups = places.left(end).contains(u',');
+    m_groups = whole.contains(u',');
+    m_isWhole = point < 0 && m_exponentDigits == 0 && !m_isFraction;
   }
+
+  bool IsFraction() const { return m_isFraction; }
+  bool IsWhole() const { return m_isWhole; }
 
   QString Show(double number) const {
     number = number * std::pow(100, m_percents) / std::pow(1000, m_thousands);
@@ -234,7 +236,23 @@ class Digits {
   int m_thousands = 0;
   bool m_groups = false;
   bool m_isFraction = false;
+  bool m_isWhole = false;
 };
+
+/// The digits of a number for the pieces of a format with other characters between them, as "000-0000": the last piece
+/// takes as many as it has places, and so on up to the first, which takes the rest.
+QStringList Spread(const QString& digits, const std::vector<Token>& tokens) {
+  QStringList parts;
+  qsizetype left = digits.size();
+  for (auto token = tokens.rbegin(); token != tokens.rend(); ++token) {
+    if (token->kind != Token::Kind::Digits) continue;
+    const qsizetype size = std::min(token->text.size(), left);
+    parts.prepend(digits.mid(left - size, size));
+    left -= size;
+  }
+  if (!parts.isEmpty()) parts.first().prepend(digits.left(left));
+  return parts;
+}
 
 /// The parts of a day that a format names.
 class DateShower {
@@ -316,14 +334,19 @@ QString Show(double number, const Section& section, bool since1904) {
   const std::vector<Token>& tokens = section.Tokens();
   if (section.HasDate() && (number < 0 || number >= kLargestDay)) return General(number);
   const DateShower date(section.HasDate() ? number : 0, tokens, since1904);
+  const Digits digits(tokens);
+  const QString shown = section.HasDigits() ? digits.Show(number) : QString();
+  QStringList parts = digits.IsWhole() ? Spread(shown, tokens) : QStringList{shown};
   QString text;
-  bool wasShown = false;
+  bool isInFraction = false;
   for (std::size_t i = 0; i < tokens.size(); ++i) {
     const Token& token = tokens[i];
-    if (token.kind == Token::Kind::Literal) text += token.text;
+    if (token.kind == Token::Kind::Literal && !(isInFraction && token.text.trimmed().isEmpty())) text += token.text;
     if (token.kind == Token::Kind::Date) text += date.Show(i);
     if (token.kind == Token::Kind::General || token.kind == Token::Kind::Text) text += General(number);
-    if (token.kind == Token::Kind::Digits && !std::exchange(wasShown, true)) text += Digits(tokens).Show(number);
+    if (token.kind != Token::Kind::Digits) continue;
+    if (!parts.isEmpty()) text += parts.takeFirst();
+    isInFraction = digits.IsFraction();
   }
   return text;
 }

@@ -102,7 +102,7 @@ Result<RichText> ReadXhtml(const QByteArray& bytes) {
   if (root != QLatin1String("html")) return RichText::FromPlainText(DecodeText(bytes));
   const RichText text = RichText::FromHtml(bytes);
   const QTextFrameFormat page = PageFromRule(QString::fromUtf8(bytes.left(bytes.indexOf("<body"))));
-  if (page.propertyCount() == 0) return text;
+  if (!page.hasProperty(kPageWidth) && !page.hasProperty(kPageMarginTop)) return text;
   QTextDocument whole;
   whole.setUndoRedoEnabled(false);
   QTextCursor cursor(&whole);
