@@ -1,0 +1,290 @@
+#include "richtext/document_file.h"
+
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QTextFrame>
+#include <QTextTable>
+
+#include "richtext/document_compare.h"
+#include "richtext/document_page.h"
+#include "richtext/docx/docx_values.h"
+#include "richtext/ooxml/zip_writer.h"
+#include "richtext/random_document.h"
+#include "richtext/safe_document.h"
+#include "richtext/xlsx/number_format.h"
+
+using namespace snipdeck;
+
+Q_DECLARE_METATYPE(FileFormat)
+
+namespace {
+
+constexpr char kWord[] = "xmlns:w='http://schemas.openxmlformats.org/wordprocessingml/2006/main'";
+
+QByteArray Docx(const QByteArray& documentPart, const QByteArray& relationships = {}) {
+  ZipWriter zip;
+  zip.Add(QStringLiteral("word/document.xml"), documentPart);
+  if (!relationships.isEmpty()) zip.Add(QStringLiteral("word/_rels/document.xml.rels"), relationships);
+  return zip.Finish().Value();
+}
+
+QByteArray Body(const QByteArray& content) {
+  return QByteArray("<w:document ") + kWord + "><w:body>" + content + "</w:body></w:document>";
+}
+
+/// Of the sixteen colours of a highlighter, which are all that DOCX has; any other is shading.
+void KeepKnownHighlights(QTextDocument& document) {
+  QTextCursor cursor(&document);
+  for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+    for (auto it = block.begin(); !it.atEnd(); ++it) {
+      QTextCharFormat format = it.fragment().charFormat();
+      if (!format.boolProperty(kHighlight) || WordForHighlight(format.background().color().rgb())) continue;
+      format.clearProperty(kHighlight);
+      cursor.setPosition(it.fragment().position());
+      cursor.setPosition(it.fragment().position() + it.fragment().length(), QTextCursor::KeepAnchor);
+      cursor.setCharFormat(format);
+    }
+  }
+}
+
+void FillSample(QTextDocument& document) {
+  QTextCursor cursor(&document);
+  cursor.insertText(QStringLiteral("Grün & <gut>"));
+  cursor.insertBlock();
+  QTextCharFormat link;
+  link.setAnchor(true);
+  link.setAnchorHref(QStringLiteral("https://example.org/"));
+  cursor.insertText(QStringLiteral("a link"), link);
+  QTextTable* const table = cursor.insertTable(2, 2);
+  for (int i = 0; i < 4; ++i)
+    table->cellAt(i / 2, i % 2).firstCursorPosition().insertText(QStringLiteral("cell%1").arg(i));
+  cursor.setPosition(table->lastPosition() + 1);
+  cursor.insertText(QStringLiteral("last words"));
+  SetPageOf(document, {.width = 10000, .height = 14000, .left = 720, .top = 1000, .right = 900, .bottom = 1200});
+}
+
+QStringList Words(const QString& text) {
+  return text.simplified().split(u' ');
+}
+
+}  // namespace
+
+class DocumentFileTest : public QObject {
+  Q_OBJECT
+
+ private slots:
+  void DocxKeepsRandomDocuments();
+  void FormatsKeepTextAndPage_data();
+  void FormatsKeepTextAndPage();
+  void StyleSheetFitsThePage();
+  void DocxShowsWhatWordShows_data();
+  void DocxShowsWhatWordShows();
+  void BadFilesAreRefused_data();
+  void BadFilesAreRefused();
+  void AFailedSaveKeepsTheFile();
+  void ReadingCanBeCancelled();
+  void NumbersShowAsInSheets_data();
+  void NumbersShowAsInSheets();
+};
+
+void DocumentFileTest::DocxKeepsRandomDocuments() {
+  const QByteArray given = qgetenv("SNIPDECK_SEED");
+  const quint32 first = given.isEmpty() ? 1 : given.toUInt();
+  for (quint32 seed = first; seed < first + (given.isEmpty() ? 100 : 1); ++seed) {
+    SafeDocument written;
+    test::FillWithRandomText(written, seed, 20);
+    KeepKnownHighlights(written);
+    const Result<QByteArray> bytes = WriteDocumentBytes(written, FileFormat::Docx);
+    const Result<RichText> read = ReadDocumentBytes(bytes.Value(), FileFormat::Docx);
+    QVERIFY2(read, read ? "" : qPrintable(read.Error().text));
+    const QString difference = test::FirstDifference(written, read.Value().Document());
+    QVERIFY2(difference.isEmpty(), qPrintable(QStringLiteral("SNIPDECK_SEED=%1 %2").arg(seed).arg(difference)));
+  }
+}
+
+void DocumentFileTest::FormatsKeepTextAndPage_data() {
+  QTest::addColumn<FileFormat>("format");
+  QTest::addColumn<bool>("hasMargins");
+  QTest::newRow("rtf") << FileFormat::Rtf << true;
+  QTest::newRow("docx") << FileFormat::Docx << true;
+  QTest::newRow("xml") << FileFormat::Xml << true;
+  QTest::newRow("pdf") << FileFormat::Pdf << false;
+}
+
+void DocumentFileTest::FormatsKeepTextAndPage() {
+  QFETCH(FileFormat, format);
+  QFETCH(bool, hasMargins);
+  SafeDocument document;
+  FillSample(document);
+  const Result<QByteArray> bytes = WriteDocumentBytes(document, format);
+  QVERIFY2(bytes, bytes ? "" : qPrintable(bytes.Error().text));
+  const Result<RichText> read = ReadDocumentBytes(bytes.Value(), format);
+  QVERIFY2(read, read ? "" : qPrintable(read.Error().text));
+  QCOMPARE(Words(read.Value().PlainText()), Words(RichText::FromDocument(document).PlainText()));
+  PageGeometry page = PageOf(read.Value().Document());
+  if (!hasMargins) page = {page.width, page.height, 720, 1000, 900, 1200};
+  QCOMPARE(page, PageOf(document));
+  if (format == FileFormat::Pdf) QVERIFY(bytes.Value().contains("/URI (https://example.org/)"));
+}
+
+void DocumentFileTest::StyleSheetFitsThePage() {
+  SafeDocument document;
+  test::FillWithRandomText(document, 7, 10);
+  const QString page = QString::fromUtf8(WriteDocumentBytes(document, FileFormat::Xml).Value());
+  const QString sheet = QString::fromUtf8(WriteDocumentBytes(document, FileFormat::Css).Value());
+  static const QRegularExpression kClass(QStringLiteral("class=\"(\\w+)\" style=\"([^\"]*)\""));
+  int classes = 0;
+  for (auto it = kClass.globalMatch(page); it.hasNext(); ++classes) {
+    const QRegularExpressionMatch match = it.next();
+    const qsizetype rule = sheet.indexOf(QLatin1Char('.') + match.captured(1) + QLatin1String(" {"));
+    QVERIFY2(rule >= 0, qPrintable(match.captured(1)));
+    const QString declarations = sheet.mid(rule, sheet.indexOf(u'}', rule) - rule).section(u'{', 1);
+    QCOMPARE(declarations.simplified().remove(u' '), match.captured(2).remove(u' '));
+  }
+  QVERIFY(classes > 10);
+}
+
+void DocumentFileTest::DocxShowsWhatWordShows_data() {
+  QTest::addColumn<QByteArray>("body");
+  QTest::addColumn<QString>("text");
+  QTest::newRow("changes") << QByteArray(
+                                  "<w:p><w:r><w:t>a</w:t></w:r><w:del><w:r><w:delText>b</w:delText></w:r></w:del>"
+                                  "<w:ins><w:r><w:t>c</w:t></w:r></w:ins></w:p>")
+                           << "ac";
+  QTest::newRow("field") << QByteArray(
+                                "<w:p><w:r><w:fldChar w:fldCharType='begin'/></w:r><w:r><w:instrText>DATE</w:instrText>"
+                                "</w:r><w:r><w:fldChar w:fldCharType='separate'/></w:r><w:r><w:t>today</w:t></w:r><w:r>"
+                                "<w:fldChar w:fldCharType='end'/></w:r><w:r><w:t>!</w:t></w:r></w:p>")
+                         << "today!";
+  QTest::newRow("content control") << QByteArray(
+                                          "<w:sdt><w:sdtPr/><w:sdtContent><w:p><w:r><w:t>in</w:t></w:r></w:p>"
+                                          "</w:sdtContent></w:sdt>")
+                                   << "in";
+  QTest::newRow("symbol") << QByteArray("<w:p><w:r><w:sym w:font='Symbol' w:char='F061'/></w:r></w:p>") << "\u03B1";
+  QTest::newRow("breaks") << QByteArray(
+                                 "<w:p><w:r><w:t>a</w:t><w:br/><w:t>b</w:t><w:br w:type='page'/><w:t>c</w:t></w:r></w:p>")
+                          << "a\nb\nc";
+  QTest::newRow("merged cells")
+      << QByteArray(
+             "<w:tbl><w:tblGrid><w:gridCol w:w='900'/><w:gridCol w:w='900'/></w:tblGrid><w:tr><w:tc><w:tcPr>"
+             "<w:gridSpan w:val='2'/></w:tcPr><w:p><w:r><w:t>wide</w:t></w:r></w:p></w:tc></w:tr><w:tr><w:tc><w:p><w:r>"
+             "<w:t>l</w:t></w:r></w:p></w:tc><w:tc><w:p><w:r><w:t>r</w:t></w:r></w:p></w:tc></w:tr></w:tbl><w:p/>")
+      << "wide\nl\tr\n";
+}
+
+void DocumentFileTest::DocxShowsWhatWordShows() {
+  QFETCH(QByteArray, body);
+  QFETCH(QString, text);
+  const Result<RichText> read = ReadDocumentBytes(Docx(Body(body)), FileFormat::Docx);
+  QVERIFY2(read, read ? "" : qPrintable(read.Error().text));
+  QCOMPARE(read.Value().PlainText(), text);
+}
+
+void DocumentFileTest::BadFilesAreRefused_data() {
+  using Kind = Failure::Kind;
+  QTest::addColumn<FileFormat>("format");
+  QTest::addColumn<QByteArray>("bytes");
+  QTest::addColumn<Kind>("kind");
+  const QByteArray good = Docx(Body("<w:p><w:r><w:t>good</w:t></w:r></w:p>"));
+  const QByteArray entities =
+      "<!DOCTYPE x [<!ENTITY a 'aaaaaaaaaa'><!ENTITY b '&a;&a;&a;&a;&a;&a;&a;&a;'><!ENTITY c '&b;&b;&b;&b;&b;&b;&b;&b;'>"
+      "<!ENTITY d '&c;&c;&c;&c;&c;&c;&c;&c;'><!ENTITY e '&d;&d;&d;&d;&d;&d;&d;&d;'>]>";
+  const auto add = [](const char* name, FileFormat format, const QByteArray& bytes, Kind kind) {
+    QTest::newRow(name) << format << bytes << kind;
+  };
+  add("cut", FileFormat::Docx, good.left(good.size() / 2), Kind::Malformed);
+  add("cut text", FileFormat::Docx, Docx(Body("<w:p><w:r><w:t>good").chopped(30)), Kind::Malformed);
+  add("no zip", FileFormat::Docx, "{\\rtf1 not this}", Kind::Malformed);
+  add("sheet as text", FileFormat::Docx, Docx("<worksheet/>"), Kind::Malformed);
+  add("bomb", FileFormat::Docx, Docx(Body(QByteArray(64 * 1024 * 1024, ' '))), Kind::TooLarge);
+  add("entities", FileFormat::Docx, Docx(entities + Body("<w:p><w:r><w:t>&e;</w:t></w:r></w:p>")), Kind::Malformed);
+  add("entities in XML", FileFormat::Xml, entities + "<x>&e;&e;&e;&e;&e;</x>", Kind::Malformed);
+  add("no XML", FileFormat::Xml, "<p>open", Kind::Malformed);
+  add("text as sheet", FileFormat::Xlsx, good, Kind::Malformed);
+  add("no PDF", FileFormat::Pdf, "%PDF-1.4 and no more", Kind::Malformed);
+  add("no DOC", FileFormat::Doc, good, Kind::Malformed);
+  add("no RTF", FileFormat::Rtf, good, Kind::Malformed);
+  QFile secret(QStringLiteral(SNIPDECK_TEST_DATA "/documents/password.pdf"));
+  QVERIFY(secret.open(QIODevice::ReadOnly));
+  add("password", FileFormat::Pdf, secret.readAll(), Kind::Refused);
+}
+
+void DocumentFileTest::BadFilesAreRefused() {
+  QFETCH(FileFormat, format);
+  QFETCH(QByteArray, bytes);
+  QFETCH(Failure::Kind, kind);
+  const Result<RichText> read = ReadDocumentBytes(bytes, format);
+  QVERIFY(!read);
+  QCOMPARE(int(read.Error().kind), int(kind));
+  QVERIFY(!read.Error().text.isEmpty());
+}
+
+void DocumentFileTest::AFailedSaveKeepsTheFile() {
+  QTemporaryDir folder;
+  const QString path = folder.filePath("text.docx");
+  SafeDocument document;
+  FillSample(document);
+  QVERIFY(WriteDocumentFile(document, path, FileFormat::Docx));
+  QVERIFY(ReadDocumentFile(path, FileFormat::Docx));
+  const Outcome cancelled = WriteDocumentFile(document, path, FileFormat::Pdf, [](double) { return false; });
+  QVERIFY(!cancelled && cancelled.Error().kind == Failure::Kind::Refused);
+  QVERIFY(ReadDocumentFile(path, FileFormat::Docx));
+  QVERIFY(!WriteDocumentFile(document, folder.path(), FileFormat::Docx));
+  QCOMPARE(int(ReadDocumentFile(folder.filePath("missing"), FileFormat::Rtf).Error().kind), int(Failure::Kind::NotFound));
+}
+
+void DocumentFileTest::ReadingCanBeCancelled() {
+  const QByteArray bytes = Docx(Body(QByteArray("<w:p/>").repeated(1000)));
+  double last = 0;
+  const auto progress = [&last](double part) { return (last = part) < 0.5; };
+  QVERIFY(!ReadDocumentBytes(bytes, FileFormat::Docx, progress));
+  QVERIFY(last >= 0.5 && last <= 1);
+}
+
+void DocumentFileTest::NumbersShowAsInSheets_data() {
+  QTest::addColumn<double>("number");
+  QTest::addColumn<QString>("format");
+  QTest::addColumn<QString>("shown");
+  struct Row {
+    double number;
+    const char* format;
+    const char* shown;
+  };
+  static constexpr Row kRows[] = {
+      {1234.5, "", "1234.5"},
+      {0.1 + 0.2, "General", "0.3"},
+      {1234567.891, "#,##0.00", "1,234,567.89"},
+      {-5, "0.00;(0.00)", "(5.00)"},
+      {-5, "0.0", "-5.0"},
+      {0, "0;-0;\"none\"", "none"},
+      {0.256, "0%", "26%"},
+      {0.5, "#.##", ".5"},
+      {7, "000", "007"},
+      {12345, "0.00E+00", "1.23E+04"},
+      {2.75, "# ?/?", "2 3/4"},
+      {1500, "0.0,\" k\"", "1.5 k"},
+      {9.5, "[$\u20AC-407] 0.00", "\u20AC 9.50"},
+      {44927, "dd/mm/yyyy", "01/01/2023"},
+      {44927.75, "yyyy-mm-dd hh:mm:ss", "2023-01-01 18:00:00"},
+      {44927.75, "h:mm AM/PM", "6:00 PM"},
+      {1.5, "[h]:mm", "36:00"},
+      {44927, "d mmmm yy", "1 January 23"},
+      {59, "d/m/yyyy", "28/2/1900"},
+      {42, "\"No. \"0", "No. 42"},
+      {5551234, "000-0000", "555-1234"},
+  };
+  for (const Row& row : kRows) QTest::addRow("%g %s", row.number, row.format) << row.number << QString::fromUtf8(row.format) << QString::fromUtf8(row.shown);
+}
+
+void DocumentFileTest::NumbersShowAsInSheets() {
+  QFETCH(double, number);
+  QFETCH(QString, format);
+  QFETCH(QString, shown);
+  QCOMPARE(FormatCellNumber(number, format, false), shown);
+}
+
+QTEST_MAIN(DocumentFileTest)
+#include "document_file_test.moc"
