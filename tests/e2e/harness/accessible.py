@@ -44,6 +44,11 @@ class Node:
         place = Atspi.Component.get_extents(self._accessible, Atspi.CoordType.SCREEN)
         return place.x + place.width // 2, place.y + place.height // 2
 
+    def corner(self):
+        """The upper left point of the object, in pixels of the screen."""
+        place = Atspi.Component.get_extents(self._accessible, Atspi.CoordType.SCREEN)
+        return place.x, place.y
+
     def is_shown(self):
         return self.has_state(Atspi.StateType.SHOWING)
 
