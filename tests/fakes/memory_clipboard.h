@@ -34,7 +34,8 @@ class MemoryClipboard : public ClipboardFunctions, public ClipboardAccess {
   ClipboardFormat nextFormat = kFirstRegisteredFormat + 1;
   QHash<QString, ClipboardFormat> registered;
   bool isOpen = false;
-  /// What LastFailure() says.
+  /// This format's owner does not hand it over, for this reason.
+  ClipboardFormat unreadable = 0;
   QString refusal;
   /// OpenClipboard() calls that were not refused.
   int opened = 0;
@@ -63,7 +64,7 @@ class MemoryClipboard : public ClipboardFunctions, public ClipboardAccess {
   bool IsClipboardFormatAvailable(ClipboardFormat format) override { return Find(format) != contents.end(); }
   MemoryHandle GetClipboardData(ClipboardFormat format) override {
     const auto found = Find(format);
-    return isOpen && found != contents.end() ? m_memory.Adopt(found->bytes) : 0;
+    return isOpen && found != contents.end() && format != unreadable ? m_memory.Adopt(found->bytes) : 0;
   }
   QString LastFailure() const override { return refusal; }
   bool SetClipboardData(ClipboardFormat format, MemoryHandle block) override {
@@ -100,6 +101,7 @@ class MemoryClipboard : public ClipboardFunctions, public ClipboardAccess {
 
   bool HasFormat(ClipboardFormat format) override { return Find(format) != contents.end(); }
   Result<RichTextPayload> RichText() override {
+    if (!HasFormat(kFormatRichText)) return Failure{Failure::Kind::NotFound, "no rich text"};
     return RichTextPayload{RichTextPayload::Encoding::Rtf, BytesOf(kFormatRichText)};
   }
   /// Fails while the clipboard is held open, as the platform's does.

@@ -36,8 +36,10 @@ const std::vector<QByteArray>& ForeignContents::Targets() {
 }
 
 Result<QByteArray> ForeignContents::Read(const QByteArray& target) {
-  NoticeChanges();
-  return Convert(target);
+  // The list is that of the present owner, and has nothing in it that is secret.
+  const std::vector<QByteArray>& targets = Targets();
+  if (std::find(targets.begin(), targets.end(), target) != targets.end()) return Convert(target);
+  return Failure{Failure::Kind::NotFound, QStringLiteral("%1: it is not there").arg(QString::fromLatin1(target))};
 }
 
 void ForeignContents::TakeAway() {
@@ -105,6 +107,8 @@ Result<QByteArray> ForeignContents::Convert(const QByteArray& target) {
   Await(transfer);
   m_transfer = nullptr;
   if (transfer.PropertyIsFree()) m_pool.GiveBack(transfer.Property());
+  // What came after a change may be somebody else's, and secret.
+  if (m_hasChanged) return failure(Failure::Kind::Refused, QStringLiteral("a newer copy came"));
   if (transfer.CurrentState() == SelectionTransfer::State::Done) return transfer.Bytes();
   return failure(m_ownerIsSilent ? Failure::Kind::TimedOut : Failure::Kind::Refused, transfer.FailureText());
 }

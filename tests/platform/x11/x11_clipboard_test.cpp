@@ -134,6 +134,13 @@ class X11ClipboardTest : public QObject {
     owner.WaitTaken();
     QCOMPARE(f.clipboard.GetCurrentFormats(kWindow), 0);
     QVERIFY(!f.access.Text());
+    // Nor when they replace what was listed.
+    Owner open({"UTF8_STRING:open"});
+    open.WaitTaken();
+    QTRY_VERIFY(!f.contents.Targets().empty());
+    Owner secret({"UTF8_STRING:password", "x-kde-passwordManagerHint:secret"});
+    secret.WaitTaken();
+    QVERIFY(!f.contents.Read("UTF8_STRING"));
   }
 
   void StrangeTargetsAreListedWithinBounds() {
