@@ -17,6 +17,7 @@
 namespace snipdeck {
 
 class LongTextView;
+class LongWork;
 class MessageBox;
 class PagedCopy;
 class PageView;
@@ -171,6 +172,9 @@ class RichTextControl : public QTextEdit {
   void SetLoadSaveAttribute(int index, int value);
   /// Where the control shows that a load or save failed; null, as it is made, for nowhere. Outlives the control.
   void SetMessages(MessageBox* messages) { m_messages = messages; }
+  /// What keeps the windows alive while a file is read or written, and lets the user cancel; null, as it is made, reads
+  /// and writes at once. Copies that are added to the text meanwhile come after what is loaded. Outlives the control.
+  void SetLongWork(LongWork* work) { m_longWork = work; }
 
   /// Forgets all undo and redo steps.
   void ClearUndoHistory();
@@ -249,6 +253,7 @@ class RichTextControl : public QTextEdit {
   std::array<int, 16> m_controlOptions{};
   std::array<int, 64> m_loadSaveAttributes{};
   MessageBox* m_messages = nullptr;
+  LongWork* m_longWork = nullptr;
   OleColour m_backColor = OleFromRgb(255, 255, 255);
   bool m_modified = false;
   int m_zoomValue = 100;
