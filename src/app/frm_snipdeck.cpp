@@ -25,6 +25,16 @@ constexpr int kPictureCache = 1024;
 
 constexpr TwipRect kFormatsLabelPlace{8880, 210, 735, 195};
 constexpr TwipRect kFormatLabelPlace{9720, 180, 1695, 255};
+constexpr int kLabelGap = 8;  // pixels
+
+// Wider and higher than its place where the font needs it, in the same line.
+void FitLabel(QLabel& label, const TwipRect& place, const QString& longest) {
+  ApplyRect(label, place);
+  const QFontMetrics font = label.fontMetrics();
+  const QPoint middle = label.geometry().center();
+  label.resize(label.size().expandedTo({font.horizontalAdvance(longest), font.height()}));
+  label.move(label.x(), middle.y() - (label.height() - 1) / 2);
+}
 
 }  // namespace
 
@@ -86,7 +96,7 @@ MainWindowParts frmSnipdeck::Parts() {
 
 void frmSnipdeck::Form_Load() {
   m_startUp.Steps().applyButtonColour = [this] { m_looks.ApplyButtonColour(); };
-  m_startUp.Steps().applyControlFonts = [this] { m_looks.ApplyControlFont(*this); };
+  m_startUp.Steps().applyControlFonts = [this] { ApplyControlFont(); };
   const auto loadContentsFile = [this] { m_files.Contents().LoadFileIntoCumulative(0); };
   m_startUp.Steps().loadContentsFile = loadContentsFile;
   m_views.SetLoadContentsFile(loadContentsFile);
@@ -147,6 +157,16 @@ void frmSnipdeck::BuildSidebar() {
 
 void frmSnipdeck::RunSidebarRow(int row) {
   if (const CommandHandler handler = SidebarCommand(row)) (this->*handler)();
+}
+
+void frmSnipdeck::ApplyControlFont() {
+  m_looks.ApplyControlFont(*this);
+  if (m_settings.useControlFonts != 1) return;
+  QLabel& caption = *m_boxes->lblFormats;
+  QLabel& kind = *m_boxes->lblFormat;
+  FitLabel(caption, kFormatsLabelPlace, caption.text());
+  FitLabel(kind, kFormatLabelPlace, tr("file/folder names"));
+  kind.move(std::max(kind.x(), caption.geometry().right() + kLabelGap), kind.y());
 }
 
 void frmSnipdeck::PlaceFixedControls() {

@@ -113,6 +113,7 @@ class frmSnipdeck : public QMainWindow {
   void showEvent(QShowEvent* event) override;
 
  private:
+  void ApplyControlFont();
   void PlaceFixedControls();
   void BuildSidebar();
   void RunSidebarRow(int row);
