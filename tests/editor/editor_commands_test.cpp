@@ -50,6 +50,8 @@ class EditorCommandsTest : public QObject {
     if (auto* button = stage.window.findChild<QPushButton*>(how)) return button->click();
     const QKeySequence keys = QKeySequence::fromString(how, QKeySequence::PortableText);
     QVERIFY2(keys.count() == 1, qPrintable(how));
+    stage.window.activateWindow();  // a dialog may have been open
+    QVERIFY(QTest::qWaitForWindowActive(&stage.window));
     QTest::keyClick(&stage.Text(), keys[0].key(), keys[0].keyboardModifiers());
   }
 
@@ -230,7 +232,7 @@ class EditorCommandsTest : public QObject {
     stage.Text().setTextCursor(several);
     stage.messages.Expect(outside, MessageAnswer::Ok);
     Trigger(stage, u"Ctrl+8"_s);
-    QVERIFY(stage.Text().hasFocus());
+    QCOMPARE(stage.window.focusWidget(), &stage.Text());
   }
 
   void TextBoxStandsBelowALineOfItsOwn() {
@@ -242,7 +244,10 @@ class EditorCommandsTest : public QObject {
       QCOMPARE(stage.Text().SelStart(), 7);
       const QList<QTextFrame*> frames = stage.Text().document()->rootFrame()->childFrames();
       QCOMPARE(frames.size(), 1);
-      QVERIFY(frames.front()->frameFormat().border() > 0);
+      const int box = frames.front()->objectIndex() + 1;
+      QCOMPARE(stage.Text().TextFrameAttribute(box, 1, 1, 2), 3);
+      for (const int side : {9, 10, 12}) QCOMPARE(stage.Text().TextFrameAttribute(box, 1, 1, side), 180);
+      QCOMPARE(stage.Text().TextFrameAttribute(box, 1, 1, 11), 200);
       QVERIFY(frames.front()->firstPosition() > 7);
       QVERIFY(stage.Text().Text().startsWith(u"before \n"_s) && stage.Text().Text().endsWith(u"after"_s));
       QCOMPARE(stage.Document().ChangedMark(), 1);
