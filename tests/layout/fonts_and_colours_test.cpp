@@ -1,5 +1,6 @@
 #include "layout/fonts_and_colours.h"
 
+#include <QDialog>
 #include <QGroupBox>
 #include <QLabel>
 #include <QMainWindow>
