@@ -10,14 +10,16 @@ namespace snipdeck {
 namespace {
 
 constexpr int kFlushDelay = 1000;  // milliseconds after the first edit
+constexpr int kPartDelay = 20;     // milliseconds between the parts of a long edit
 
 }  // namespace
 
 CrashRecovery::CrashRecovery(BoxSet& boxes, const Clipboard& clipboard, const QString& path)
     : m_boxes(boxes), m_clipboard(clipboard), m_file(path) {
   m_timer.setSingleShot(true);
-  m_timer.setInterval(kFlushDelay);
-  connect(&m_timer, &QTimer::timeout, this, &CrashRecovery::Flush);
+  connect(&m_timer, &QTimer::timeout, this, [this] {
+    if (FlushPart()) m_timer.start(kPartDelay);
+  });
 }
 
 bool CrashRecovery::Recover() {
@@ -81,17 +83,28 @@ void CrashRecovery::SetPaused(bool paused) {
 }
 
 void CrashRecovery::FlushSoon() {
-  if (!m_timer.isActive()) m_timer.start();
+  if (!m_timer.isActive()) m_timer.start(kFlushDelay);
 }
 
 void CrashRecovery::Flush() {
   m_timer.stop();
-  for (TrackedText* text : m_texts) {
-    const auto edit = text->TakeEdit();
-    if (!edit || m_file.Append(*edit)) continue;
-    text->MarkWhole();
-    FlushSoon();
+  while (FlushPart()) {
   }
+}
+
+bool CrashRecovery::FlushPart() {
+  bool hasMore = false;
+  for (TrackedText* text : m_texts) {
+    const auto edit = text->TakePart();
+    if (!edit) continue;
+    if (m_file.Append(*edit)) {
+      hasMore |= text->HasEdit();
+    } else {
+      text->MarkWhole();
+      FlushSoon();
+    }
+  }
+  return hasMore;
 }
 
 void CrashRecovery::Forget() {

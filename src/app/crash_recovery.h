@@ -41,6 +41,8 @@ class CrashRecovery : public QObject {
   void KeepCopy();
   void SetPaused(bool paused);
   void FlushSoon();
+  /// Writes some of the edits down; true where there are more.
+  bool FlushPart();
 
   BoxSet& m_boxes;
   const Clipboard& m_clipboard;

@@ -33,6 +33,12 @@ class EditedRange {
     m_oldEnd += more;
   }
 
+  /// The part up to `end` of the present text has been written down.
+  void DropUntil(int end) {
+    if (end >= m_end) return Clear();
+    m_begin = m_oldEnd = end;
+  }
+
   void Clear() { *this = {}; }
 
  private:

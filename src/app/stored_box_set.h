@@ -1,6 +1,7 @@
 #pragma once
 
 #include "capture/box_set.h"
+#include "capture/without_undo.h"
 #include "storage/box_storage.h"
 
 namespace snipdeck {
@@ -15,7 +16,10 @@ class StoredBoxSet : public StoredBoxes {
   bool CumulativeCovers() override;
   Outcome SaveFile(int n, const QString& path) override;
   void LoadFile(int n, const QString& path, FileFormat format) override;
-  void SetSelection(int n, const RichText& text) override { m_boxes.Box(n).SetSelRichText(text); }
+  void SetSelection(int n, const RichText& text) override {
+    const WithoutUndo withoutUndo(m_boxes.Box(n));
+    m_boxes.Box(n).SetSelRichText(text);
+  }
   RichText Captured(int n) const override { return m_boxes.CapturedRtf[static_cast<size_t>(n)]; }
   bool Altered() const override { return m_boxes.BoxesAltered; }
   void SetAltered(bool altered) override { m_boxes.BoxesAltered = altered; }

@@ -1,5 +1,7 @@
 #include "app/tracked_text.h"
 
+#include <limits>
+
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextFrame>
@@ -28,6 +30,11 @@ bool IsPlainRun(const QTextDocument& document, int begin, int end) {
   return !from.currentTable() || from.currentTable()->cellAt(begin) == to.currentTable()->cellAt(end);
 }
 
+/// Where the paragraph's text ends.
+int LastOf(const QTextBlock& block) {
+  return block.position() + block.length() - 1;
+}
+
 /// The writer walks to its range from the start of the document; a copy goes there at once, but a long one costs more.
 QByteArray RtfOf(const QTextDocument& document, int begin, int end) {
   return end - begin > kShortText ? WriteRtf(document, begin, end) : RichText::FromDocument(document, begin, end).Rtf();
@@ -41,7 +48,7 @@ TrackedText::TrackedText(RichTextControl& control, std::uint8_t target, std::fun
 }
 
 void TrackedText::Note(int position, int removed, int added) {
-  if (m_paused) return;
+  if (m_paused || m_control.IsFilling()) return;
   m_edited.Add(position, removed, added);
   m_onEdit();
 }
@@ -52,12 +59,21 @@ void TrackedText::MarkWhole() {
 }
 
 std::optional<RecoveryRecord> TrackedText::TakeEdit() {
+  return Take(std::numeric_limits<int>::max());
+}
+
+std::optional<RecoveryRecord> TrackedText::TakePart() {
+  return Take(kShortText);
+}
+
+std::optional<RecoveryRecord> TrackedText::Take(int mostCharacters) {
   if (m_edited.IsEmpty()) return {};
   const bool isShort = m_control.document()->characterCount() <= kShortText;
-  auto record = isShort || m_needsWhole ? std::optional<RecoveryRecord>() : Splice();
+  auto record = isShort || m_needsWhole ? std::optional<RecoveryRecord>() : Splice(mostCharacters);
+  if (record) return record;
   m_edited.Clear();
   m_needsWhole = false;
-  return record ? record : Whole();
+  return Whole();
 }
 
 RecoveryRecord TrackedText::Whole() const {
@@ -69,24 +85,26 @@ RecoveryRecord TrackedText::Whole() const {
   return record;
 }
 
-std::optional<RecoveryRecord> TrackedText::Splice() {
+std::optional<RecoveryRecord> TrackedText::Splice(int mostCharacters) {
   const QTextDocument& document = *m_control.document();
   const int last = document.characterCount() - 1;
   const QTextBlock first = document.findBlock(std::min(m_edited.Begin(), last));
-  const QTextBlock end = document.findBlock(std::min(m_edited.End(), last));
-  m_edited.StretchTo(first.position(), end.position() + end.length() - 1);
-  if (m_edited.End() > last || !IsPlainRun(document, m_edited.Begin(), m_edited.End())) return {};
+  m_edited.StretchTo(first.position(), LastOf(document.findBlock(std::min(m_edited.End(), last))));
+  const int begin = m_edited.Begin();
+  const bool isLong = m_edited.End() - begin > mostCharacters;
+  const int end = isLong ? LastOf(document.findBlock(begin + mostCharacters)) : m_edited.End();
+  if (m_edited.End() > last || !IsPlainRun(document, begin, m_edited.End())) return {};
 
   RecoveryRecord record;
   record.kind = RecoveryRecord::Kind::Splice;
   record.target = m_target;
   record.encoding = RecoveryRecord::Encoding::Rtf;
-  record.begin = m_edited.Begin();
+  record.begin = begin;
   record.removed = m_edited.Removed();
-  record.content = RtfOf(document, m_edited.Begin(), m_edited.End());
+  record.content = RtfOf(document, begin, end);
   // Later splices count on the positions, so a part that does not come back with its length is not good enough.
-  const RichText readBack = RichText::FromRtf(record.content);
-  if (readBack.Document().characterCount() - 1 != m_edited.End() - m_edited.Begin()) return {};
+  if (RichText::FromRtf(record.content).Length() != end - begin) return {};
+  m_edited.DropUntil(end);
   return record;
 }
 

@@ -19,17 +19,23 @@ class TrackedText : public QObject {
   /// `target` is the text's number in recovery records; `onEdit` runs after each edit that is noted.
   TrackedText(RichTextControl& control, std::uint8_t target, std::function<void()> onEdit, QObject* parent);
 
-  /// While true, changes are not noted: whoever makes them writes them down himself.
+  /// While true, changes are not noted: whoever makes them writes them down himself. Nor is what belongs to such a change
+  /// and is still being filled in.
   void SetPaused(bool paused) { m_paused = paused; }
   /// Notes the text as changed from beginning to end.
   void MarkWhole();
   /// What was changed since the last call; nothing where nothing was.
   std::optional<RecoveryRecord> TakeEdit();
+  /// As TakeEdit, but of a long edit only the first part, which takes a few milliseconds; each record is one step on the
+  /// way to the present text. Not to be followed by captures before all parts are taken.
+  std::optional<RecoveryRecord> TakePart();
+  bool HasEdit() const { return !m_edited.IsEmpty(); }
 
  private:
   void Note(int position, int removed, int added);
+  std::optional<RecoveryRecord> Take(int mostCharacters);
   RecoveryRecord Whole() const;
-  std::optional<RecoveryRecord> Splice();
+  std::optional<RecoveryRecord> Splice(int mostCharacters);
 
   RichTextControl& m_control;
   std::uint8_t m_target;

@@ -2,14 +2,16 @@
 
 #include <QApplication>
 #include <QLabel>
-#include <QTextDocument>
 
 #include "capture/last_paragraph.h"
+#include "capture/without_undo.h"
 #include "richtext/clipboard_text.h"
 
 namespace snipdeck {
 
 namespace {
+
+constexpr qsizetype kLongText = 100'000;  // characters
 
 /// The focus never leaves a text that the user may be typing in for one that cannot be seen.
 void FocusIfShown(RichTextControl& control) {
@@ -17,19 +19,6 @@ void FocusIfShown(RichTextControl& control) {
   const bool typingElsewhere = focused && focused != &control && focused->testAttribute(Qt::WA_InputMethodEnabled);
   if (control.isVisible() && !typingElsewhere) control.setFocus();
 }
-
-/// Captures are no steps of undo: noting them would cost time, and memory that grows with every copy.
-class WithoutUndo {
- public:
-  explicit WithoutUndo(RichTextControl& control) : m_document(*control.document()) {
-    m_document.setUndoRedoEnabled(false);
-  }
-  ~WithoutUndo() { m_document.setUndoRedoEnabled(true); }
-  Q_DISABLE_COPY_MOVE(WithoutUndo)
-
- private:
-  QTextDocument& m_document;
-};
 
 }  // namespace
 
@@ -101,7 +90,8 @@ void ClipboardCapture::AppendToCumulative() {
   RichTextControl& cumulative = m_boxes.TXTextControl2();
   FocusIfShown(cumulative);
   const WithoutUndo withoutUndo(cumulative);
-  if (m_clipboard.HasFormat(kFormatRichText)) {
+  // Long plain text is not made into formatted text and back.
+  if (m_clipboard.HasFormat(kFormatRichText) || m_boxes.txtView.SelRtf().Length() > kLongText) {
     cumulative.AppendRichText(m_boxes.txtView.SelRtf());
   } else {
     cumulative.AppendText(m_boxes.txtView.Text());

@@ -8,7 +8,7 @@ namespace snipdeck {
 
 /// What ended with a list item or a centred line must not make the text that comes next one.
 inline void ResetLastParagraph(RichTextControl& control) {
-  QTextCursor end(control.document());
+  QTextCursor end(control.AsItStands().document());
   end.movePosition(QTextCursor::End);
   end.setBlockFormat(QTextBlockFormat());
   end.setBlockCharFormat(QTextCharFormat());

@@ -80,7 +80,7 @@ void FillDocument(const FlowText& text, QTextDocument& document) {
   document.rootFrame()->setFrameFormat(format);
 }
 
-void InsertFlowText(const FlowText& text, QTextCursor& cursor) {
+static void InsertPieces(const FlowText& text, std::size_t begin, std::size_t end, QTextCursor& cursor) {
   cursor.beginEditBlock();
   cursor.removeSelectedText();
   const QTextBlockFormat targetFormat = cursor.blockFormat();
@@ -89,13 +89,42 @@ void InsertFlowText(const FlowText& text, QTextCursor& cursor) {
   const int firstBlock = cursor.blockNumber();
   AddPictures(text, *cursor.document());
   DocumentBuilder builder(cursor, text.formats);
-  for (const Flow& piece : text.pieces) builder.Append(piece);
+  for (std::size_t i = begin; i < end; ++i) builder.Append(text.pieces[i]);
   cursor = builder.TakeCursor();
   if (beforeText && cursor.blockNumber() != firstBlock) {
     cursor.setBlockFormat(targetFormat);
     cursor.setBlockCharFormat(targetCharFormat);
   }
   cursor.endEditBlock();
+}
+
+void InsertFlowText(const FlowText& text, QTextCursor& cursor) {
+  InsertPieces(text, 0, text.pieces.size(), cursor);
+}
+
+void InsertFlowPiece(const FlowText& text, std::size_t piece, QTextCursor& cursor) {
+  if (text.pieces[piece].IsEmpty()) return;
+  if (piece > 0) cursor.insertBlock(QTextBlockFormat(), QTextCharFormat());
+  InsertPieces(text, piece, piece + 1, cursor);
+}
+
+FlowText PlainFlow(QStringView text) {
+  constexpr qsizetype kPieceCharacters = 50'000;
+  constexpr std::size_t kPieceItems = 4000;
+  FlowText flow;
+  flow.formats.characters.emplace_back();
+  flow.formats.paragraphs.emplace_back();
+  for (qsizetype at = 0; at <= text.size();) {
+    Flow& piece = flow.pieces.emplace_back();
+    while (at <= text.size() && piece.text.size() < kPieceCharacters && piece.items.size() < kPieceItems) {
+      const qsizetype newline = text.indexOf(u'\n', at);
+      const qsizetype end = newline < 0 ? text.size() : newline;
+      piece.AddRun(text.sliced(at, end - at), 0);
+      piece.EndParagraph(0, 0);
+      at = end + 1;
+    }
+  }
+  return flow;
 }
 
 bool HasTables(const FlowText& text) {

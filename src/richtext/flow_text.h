@@ -33,6 +33,12 @@ void FillDocument(const FlowText& text, QTextDocument& document);
 /// As CopyText does with a document; `cursor` must stand outside of tables and frames.
 void InsertFlowText(const FlowText& text, QTextCursor& cursor);
 
+/// The same with one piece; those before it have been inserted right before the cursor. Lists are begun anew with each.
+void InsertFlowPiece(const FlowText& text, std::size_t piece, QTextCursor& cursor);
+
+/// Plain text, with paragraphs ending at "\n", in pieces of a size that is inserted in some milliseconds.
+FlowText PlainFlow(QStringView text);
+
 bool HasTables(const FlowText& text);
 
 /// The characters that are not hidden, with "\n" between paragraphs and cells.

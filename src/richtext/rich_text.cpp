@@ -1,7 +1,5 @@
 #include "richtext/rich_text.h"
 
-#include <optional>
-
 #include <QTextCursor>
 #include <QTextFrame>
 
@@ -16,10 +14,10 @@
 
 namespace snipdeck {
 
-/// Text that was read from RTF stays as its reader left it until somebody asks for a document: most of it only goes on
+/// Plain text and text that was read from RTF stay as their reader left them until somebody asks for a document: most of it only goes on
 /// into the documents of boxes.
 struct RichText::Data {
-  std::optional<FlowText> flow;  ///< The text, until `document` is made of it.
+  std::shared_ptr<const FlowText> flow;  ///< The text, until `document` is made of it.
   SafeDocument document;
   QStringList warnings;
   QByteArray rtf;
@@ -40,7 +38,7 @@ RichText RichText::FromRtf(QByteArrayView rtf, ReadFor purpose) {
   RtfContents contents = ReadRtf(rtf, purpose);
   data->warnings = std::move(contents.warnings);
   if (contents.html.isEmpty()) {
-    data->flow = std::move(contents.text);
+    data->flow = std::make_shared<FlowText>(std::move(contents.text));
   } else {
     data->warnings += ReadHtml(contents.html, data->document);
   }
@@ -60,13 +58,13 @@ static QString BreaksAsLines(QString text) {
 
 RichText RichText::FromPlainText(const QString& text) {
   auto data = std::make_shared<Data>();
-  data->document.setPlainText(CleanText(BreaksAsLines(text)));
+  data->flow = std::make_shared<FlowText>(PlainFlow(CleanText(BreaksAsLines(text))));
   return RichText(std::move(data));
 }
 
 RichText RichText::FromFlow(FlowText&& text, const QStringList& warnings) {
   auto data = std::make_shared<Data>();
-  data->flow = std::move(text);
+  data->flow = std::make_shared<FlowText>(std::move(text));
   data->warnings = warnings;
   return RichText(std::move(data));
 }
@@ -112,6 +110,10 @@ void RichText::InsertAt(QTextCursor& cursor) const {
   if (m_data->flow && outsideTables) return InsertFlowText(*m_data->flow, cursor);
   const QTextDocument& document = m_data->Document();
   CopyText(document, 0, EndOf(document), cursor);
+}
+
+std::shared_ptr<const FlowText> RichText::Flow() const {
+  return m_data->flow;
 }
 
 const QTextDocument& RichText::Document() const {

@@ -48,6 +48,8 @@ class RichText {
   QByteArray Rtf() const;
   /// Puts the text in place of the cursor's selection and leaves the cursor behind it. One undo step.
   void InsertAt(QTextCursor& cursor) const;
+  /// The text as its reader left it, for who inserts it piece by piece; null where it is a document already.
+  std::shared_ptr<const FlowText> Flow() const;
   /// The text as a document of its own, made at the first call; not to be changed.
   const QTextDocument& Document() const;
   /// Gives the text to another thread, which alone uses it from then on; called on the thread that has it.

@@ -31,7 +31,7 @@ constexpr AlignmentOf kAlignments[] = {{Glyph::AlignLeft, Qt::AlignLeft},
 
 // What the control draws the caret's text with: what the text leaves open comes from the control.
 QFont FontAtCaret(const RichTextControl& control) {
-  return control.currentCharFormat().font().resolve(control.document()->defaultFont());
+  return control.currentCharFormat().font().resolve(control.AsItStands().document()->defaultFont());
 }
 
 // An entry that the user is working in is left alone.

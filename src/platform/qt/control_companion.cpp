@@ -12,8 +12,8 @@ void ControlCompanion::Follow(RichTextControl* control) {
   if (m_control) {
     m_control->disconnect(this);
     m_control->horizontalScrollBar()->disconnect(this);
-    m_control->document()->disconnect(this);
-    m_control->document()->documentLayout()->disconnect(this);
+    m_control->AsItStands().document()->disconnect(this);
+    m_control->AsItStands().document()->documentLayout()->disconnect(this);
   }
   m_control = control;
   const auto refresh = [this] { ScheduleRefresh(); };
@@ -26,7 +26,7 @@ void ControlCompanion::Follow(RichTextControl* control) {
     connect(control, &RichTextControl::ViewChanged, this, refresh);
     connect(control, &QObject::destroyed, this, refresh);
     connect(control->horizontalScrollBar(), &QScrollBar::valueChanged, this, refresh);
-    connect(control->document(), &QTextDocument::documentLayoutChanged, this, &ControlCompanion::FollowLayout);
+    connect(control->AsItStands().document(), &QTextDocument::documentLayoutChanged, this, &ControlCompanion::FollowLayout);
     FollowLayout();
   }
   ScheduleRefresh();
@@ -34,7 +34,7 @@ void ControlCompanion::Follow(RichTextControl* control) {
 
 // A control takes another layout when its text becomes a very long one.
 void ControlCompanion::FollowLayout() {
-  connect(m_control->document()->documentLayout(), &QAbstractTextDocumentLayout::documentSizeChanged, this,
+  connect(m_control->AsItStands().document()->documentLayout(), &QAbstractTextDocumentLayout::documentSizeChanged, this,
           &ControlCompanion::ScheduleRefresh);
 }
 

@@ -20,6 +20,7 @@
 #include "platform/qt/dialogs/font_dialog.h"
 #include "platform/qt/dialogs/paragraph_dialog.h"
 #include "platform/qt/endless_word.h"
+#include "platform/qt/layout/gradual_fill.h"
 #include "platform/qt/layout/long_text_view.h"
 #include "platform/qt/layout_pause.h"
 #include "platform/qt/page_view/page_view.h"
@@ -30,6 +31,7 @@
 #include "platform/qt/text_menu.h"
 #include "platform/qt/zoomed_device.h"
 #include "richtext/clipboard_text.h"
+#include "richtext/flow_text.h"
 #include "richtext/format_properties.h"
 
 namespace snipdeck {
@@ -72,6 +74,15 @@ QFont DefaultFont() {
   return QFont(QFontInfo(QFontDatabase::systemFont(QFontDatabase::GeneralFont)).family(), kDefaultPointSize);
 }
 
+// Quick for most texts: the pieces hold the characters of paragraphs without anything between them.
+bool MayHaveEndlessWord(const RichText& text) {
+  if (text.Length() < kEndlessWord) return false;
+  const auto flow = text.Flow();
+  return !flow || std::any_of(flow->pieces.begin(), flow->pieces.end(), [](const Flow& piece) {
+    return !piece.tables.empty() || HasEndlessWord(piece.text);
+  });
+}
+
 // A text is kept in many small blocks of memory, which the C library of Linux would hold on to.
 void ReturnFreeMemory() {
 #ifdef __GLIBC__
@@ -89,7 +100,8 @@ QImage PlaceholderImage() {
 
 RichTextControl::RichTextControl(QWidget* parent)
     : QTextEdit(parent), m_zoomedDevice(std::make_unique<ZoomedDevice>(*viewport())),
-      m_longText(std::make_unique<LongTextView>(*this, *m_zoomedDevice)) {
+      m_longText(std::make_unique<LongTextView>(*this, *m_zoomedDevice)),
+      m_filling(std::make_unique<GradualFill>(*this)) {
   setAcceptRichText(true);
   setFont(DefaultFont());
   setTabStopDistance(kTabDistance);
@@ -99,8 +111,23 @@ RichTextControl::RichTextControl(QWidget* parent)
 }
 
 RichTextControl::~RichTextControl() {
+  m_filling->Cancel();
   m_pageView.reset();
   document()->documentLayout()->setPaintDevice(viewport());
+}
+
+QTextDocument* RichTextControl::document() const {
+  m_filling->Finish();
+  return QTextEdit::document();
+}
+
+QTextCursor RichTextControl::textCursor() const {
+  m_filling->Finish();
+  return QTextEdit::textCursor();
+}
+
+bool RichTextControl::IsFilling() const {
+  return m_filling->IsFilling();
 }
 
 QString RichTextControl::Text() const {
@@ -108,6 +135,7 @@ QString RichTextControl::Text() const {
 }
 
 void RichTextControl::SetText(const QString& text) {
+  m_filling->Cancel();
   QTextDocument* const content = document();
   const bool wasHuge = content->characterCount() > kHugeText;
   content->setUndoRedoEnabled(false);
@@ -129,7 +157,7 @@ void RichTextControl::Expect(const QString& text) {
 
 void RichTextControl::Expect(const RichText& text) {
   m_longText->Expect(text.Length(), text.HasFrames());
-  if (text.Length() >= kEndlessWord && HasEndlessWord(text.Characters())) setWordWrapMode(QTextOption::WrapAnywhere);
+  if (MayHaveEndlessWord(text) && HasEndlessWord(text.Characters())) setWordWrapMode(QTextOption::WrapAnywhere);
 }
 
 int RichTextControl::LastPosition() const {
@@ -196,17 +224,22 @@ RichText RichTextControl::SelRichText() const {
 
 // What fills an empty control can be read from its start, a long text while the rest of it is still being placed.
 void RichTextControl::SetSelRichText(const RichText& text) {
-  const bool inView = hasFocus() && !document()->isEmpty();
+  const bool isEmpty = QTextEdit::document()->isEmpty();
+  const bool inView = hasFocus() && !isEmpty;
   Expect(text);
   const LayoutPause pause(*this, !inView && !m_longText->IsLong() && text.Length() > kLongText);
-  QTextCursor cursor = textCursor();
-  text.InsertAt(cursor);
+  QTextCursor cursor = isEmpty ? QTextEdit::textCursor() : textCursor();
+  Insert(text, cursor);
   PlaceCaret(cursor, inView);
+}
+
+void RichTextControl::Insert(const RichText& text, QTextCursor& cursor) {
+  if (!m_filling->Start(text, cursor)) text.InsertAt(cursor);
 }
 
 void RichTextControl::AppendText(const QString& text) {
   Expect(text);
-  QTextCursor cursor(document());
+  QTextCursor cursor(QTextEdit::document());
   cursor.movePosition(QTextCursor::End);
   cursor.insertText(text, QTextCharFormat());
   setTextCursor(cursor);
@@ -214,18 +247,18 @@ void RichTextControl::AppendText(const QString& text) {
 
 void RichTextControl::AppendRichText(const RichText& text) {
   Expect(text);
-  QTextCursor cursor(document());
+  QTextCursor cursor(QTextEdit::document());
   cursor.movePosition(QTextCursor::End);
-  text.InsertAt(cursor);
+  Insert(text, cursor);
   setTextCursor(cursor);
 }
 
 bool RichTextControl::SelectionHas(bool (*attribute)(const QTextCharFormat&)) const {
-  const QTextCursor cursor = textCursor();
+  const QTextCursor cursor = QTextEdit::textCursor();
   if (!cursor.hasSelection()) return attribute(currentCharFormat());
   const int end = cursor.selectionEnd();
   bool sawText = false;
-  for (QTextBlock block = document()->findBlock(cursor.selectionStart()); block.isValid() && block.position() < end;
+  for (QTextBlock block = QTextEdit::document()->findBlock(cursor.selectionStart()); block.isValid() && block.position() < end;
        block = block.next()) {
     for (auto it = block.begin(); !it.atEnd(); ++it) {
       const QTextFragment fragment = it.fragment();
@@ -280,7 +313,7 @@ void RichTextControl::SetStrikeout(int value) {
 }
 
 bool RichTextControl::ShowFormatting() const {
-  return document()->defaultTextOption().flags().testFlag(QTextOption::ShowTabsAndSpaces);
+  return QTextEdit::document()->defaultTextOption().flags().testFlag(QTextOption::ShowTabsAndSpaces);
 }
 
 void RichTextControl::SetShowFormatting(bool show) {
@@ -457,7 +490,7 @@ void RichTextControl::wheelEvent(QWheelEvent* event) {
 void RichTextControl::hideEvent(QHideEvent* event) {
   QTextEdit::hideEvent(event);
   if (m_pageView || m_longText->IsLong()) return;
-  const bool allPlaced = document()->lastBlock().layout()->lineCount() > 0;
+  const bool allPlaced = QTextEdit::document()->lastBlock().layout()->lineCount() > 0;
   if (!allPlaced) document()->setPageSize(QSizeF(0, 0));
 }
 
@@ -465,7 +498,7 @@ void RichTextControl::hideEvent(QHideEvent* event) {
 // their places, and several resizes in a row cost it once.
 void RichTextControl::resizeEvent(QResizeEvent* event) {
   if (m_pageView) return QAbstractScrollArea::resizeEvent(event);
-  if (m_isPlacing || !isVisible() || document()->isEmpty()) return QTextEdit::resizeEvent(event);
+  if (m_isPlacing || !isVisible() || QTextEdit::document()->isEmpty()) return QTextEdit::resizeEvent(event);
   if (m_placedFor) return;
   m_placedFor = event->oldSize();
   QMetaObject::invokeMethod(this, &RichTextControl::PlaceAnew, Qt::QueuedConnection);
@@ -481,7 +514,8 @@ void RichTextControl::PlaceAnew() {
 }
 
 void RichTextControl::showEvent(QShowEvent* event) {
-  if (document()->pageSize().isNull()) document()->setTextWidth(viewport()->width());
+  QTextDocument& content = *QTextEdit::document();
+  if (content.pageSize().isNull()) content.setTextWidth(viewport()->width());
   QTextEdit::showEvent(event);
 }
 

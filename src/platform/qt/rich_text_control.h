@@ -16,6 +16,7 @@
 
 namespace snipdeck {
 
+class GradualFill;
 class LongTextView;
 class LongWork;
 class MessageBox;
@@ -37,6 +38,14 @@ class RichTextControl : public QTextEdit {
  public:
   explicit RichTextControl(QWidget* parent = nullptr);
   ~RichTextControl() override;
+
+  /// Of the whole text. A very long one that was put in without undo is still being filled in for a while, bit by bit;
+  /// asking for these, or for anything else of it, fills in the rest first.
+  QTextDocument* document() const;
+  QTextCursor textCursor() const;
+  bool IsFilling() const;
+  /// Document and caret as far as the text has been filled in: enough to show them.
+  const QTextEdit& AsItStands() const { return *this; }
 
   /// The whole plain text, paragraphs separated by "\n".
   QString Text() const;
@@ -224,6 +233,7 @@ class RichTextControl : public QTextEdit {
   void Paste();
   void Expect(const QString& text);
   void Expect(const RichText& text);
+  void Insert(const RichText& text, QTextCursor& cursor);
   int LastPosition() const;
   Outcome SaveTo(const QString& path, FileFormat format);
   void ReportFailure(int number, const QString& description);
@@ -259,6 +269,7 @@ class RichTextControl : public QTextEdit {
   int m_zoomValue = 100;
   std::unique_ptr<ZoomedDevice> m_zoomedDevice;
   std::unique_ptr<LongTextView> m_longText;
+  std::unique_ptr<GradualFill> m_filling;
   QPointer<TXRuler> m_ruler;
   QPointer<TXButtonBar> m_buttonBar;
   QPointer<TXStatusBar> m_statusBar;

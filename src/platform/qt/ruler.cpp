@@ -65,8 +65,8 @@ void TXRuler::Refresh() {
   const RichTextControl* const control = Control();
   update();
   if (!control) return;
-  const QTextBlock block = control->textCursor().block();
-  const QTextDocument* const document = control->document();
+  const QTextBlock block = control->AsItStands().textCursor().block();
+  const QTextDocument* const document = control->AsItStands().document();
   const RichTextControl::LayoutScale scale = control->ScaleOfLayout();
   m_zoom = scale.perPixel;
   m_shown = scale.shown;

@@ -22,7 +22,7 @@ constexpr int kDefaultPageMargin = 1440;
 double PageTextHeight(const RichTextControl& control) {
   const double real = control.ScaleOfLayout().pageHeight;
   if (real > 0) return real;
-  const QTextFrameFormat page = control.document()->rootFrame()->frameFormat();
+  const QTextFrameFormat page = control.AsItStands().document()->rootFrame()->frameFormat();
   const auto twips = [&](int property, int fallback) {
     const int value = page.intProperty(property);
     return value > 0 ? value : fallback;
@@ -52,16 +52,16 @@ int LinesSince(double pageTop, QTextBlock block, const QTextLine& caretLine) {
 }
 
 int PageCount(const RichTextControl& control) {
-  const double height = control.document()->size().height();
+  const double height = control.AsItStands().document()->size().height();
   return std::max(1, static_cast<int>(std::ceil(height / PageTextHeight(control))));
 }
 
 }  // namespace
 
 CaretPlace CaretPlaceIn(const RichTextControl& control) {
-  const QTextCursor caret = control.textCursor();
+  const QTextCursor caret = control.AsItStands().textCursor();
   const QTextBlock block = caret.block();
-  const double blockTop = control.document()->documentLayout()->blockBoundingRect(block).top();
+  const double blockTop = control.AsItStands().document()->documentLayout()->blockBoundingRect(block).top();
   const QTextLine line = block.layout()->lineForTextPosition(caret.positionInBlock());
   if (!line.isValid()) return {1, 1, caret.positionInBlock() + 1};
 

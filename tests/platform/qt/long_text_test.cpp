@@ -6,6 +6,7 @@
 #include <QTextBlock>
 #include <QTextFrame>
 
+#include "capture/last_paragraph.h"
 #include "platform/qt/layout/paragraph_layout.h"
 #include "platform/qt/rich_text_control.h"
 
@@ -138,6 +139,43 @@ class LongTextTest : public QObject {
     shown.control.resize(500, 200);
     Shown::Settle();
     QVERIFY(std::abs(topBlock() - top) <= 1);
+  }
+
+  void AVeryLongCopyIsFilledInBitByBit_data() {
+    QTest::addColumn<QByteArray>("rtf");
+    const QByteArray paragraphs = Paragraphs(3000).replace('\n', "\\par\n").toUtf8();
+    QTest::newRow("plain") << QByteArray();
+    QTest::newRow("paragraphs") << "{\\rtf1 {\\b bold} \\qc " + paragraphs + "\\ql {\\i italic}" + paragraphs + "}";
+  }
+
+  void AVeryLongCopyIsFilledInBitByBit() {
+    QFETCH(QByteArray, rtf);
+    const RichText copy = rtf.isEmpty() ? RichText::FromPlainText(Paragraphs(6000)) : RichText::FromRtf(rtf);
+    const auto append = [&copy](RichTextControl& control) {
+      control.AppendText("before");
+      control.AppendRichText(copy);
+      control.AppendText("\n");
+      ResetLastParagraph(control);
+      control.AppendText("behind");
+    };
+    RichTextControl expected;
+    append(expected);
+
+    // However it comes to its end: by itself, because somebody asks, or because of a key.
+    for (const QString end : {"by itself", "asked", "key"}) {
+      Shown shown("");
+      RichTextControl& control = shown.control;
+      control.document()->setUndoRedoEnabled(false);
+      append(control);
+      QVERIFY(control.IsFilling());
+      const int length = expected.document()->characterCount();
+      QVERIFY(control.AsItStands().document()->characterCount() < length);
+      if (end == "by itself") QTRY_VERIFY(!control.IsFilling());
+      if (end == "key") QTest::keyClick(&control, Qt::Key_Left);
+      QCOMPARE(control.AsItStands().document()->characterCount(), end == "asked" ? control.document()->characterCount() : length);
+      QCOMPARE(control.textCursor().position(), length - (end == "key" ? 2 : 1));
+      QVERIFY(RichText::FromDocument(*control.document()).Rtf() == RichText::FromDocument(*expected.document()).Rtf());
+    }
   }
 
   void EveryPlaceIsFoundAgain() {
