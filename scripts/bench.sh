@@ -7,7 +7,7 @@ cd "$(dirname "$0")/.."
 
 scripts/packages.sh build run display
 cmake --log-level=NOTICE --preset release -DSNIPDECK_TESTS=ON
-cmake --build --preset release --target qm_snipdeck bench_capture clipboard_owner
+cmake --build --preset release --target qm_snipdeck bench_capture bench_long_texts clipboard_owner
 
 bin=$PWD/build/release/bin
 code=0
@@ -15,6 +15,7 @@ echo "QM_Snipdeck, release, private Xvfb, $(nproc) cores:"
 for subject in memory start latency bursts; do
   scripts/private_display.sh "$bin/bench_capture" "$subject" || code=1
 done
+QT_QPA_PLATFORM=offscreen "$bin/bench_long_texts" || code=1
 echo "The program itself, started and left alone:"
 scripts/private_display.sh scripts/bench_resident.sh "$bin/qm_snipdeck"
 if command -v copyq >/dev/null; then

@@ -5,6 +5,7 @@
 
 #include <QElapsedTimer>
 #include <QFileInfo>
+#include <QLabel>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QTest>
@@ -150,6 +151,60 @@ class CrashRecoveryTest : public QObject {
     const auto differs = std::mismatch(returned.begin(), returned.end(), expected.begin(), expected.end()).first;
     const qsizetype at = std::max<qsizetype>(differs - returned.begin() - 200, 0);
     QCOMPARE(returned.mid(at, 400), expected.mid(at, 400));
+  }
+
+  // Parts of the edit are in the file, others are not, when the next edit comes.
+  void ALongEditIsKeptInParts() {
+    QByteArray expected;
+    {
+      Run run(m_path);
+      run.Copy(QString("a line of the long text\n").repeated(20'000));
+      QTextDocument& document = *run.Cumulative().document();
+      const qint64 before = QFileInfo(m_path).size();
+      QTextCursor all(&document);
+      all.select(QTextCursor::Document);
+      QTextCharFormat bold;
+      bold.setFontWeight(QFont::Bold);
+      all.mergeCharFormat(bold);
+      QTRY_VERIFY(QFileInfo(m_path).size() > before);
+      QTextCursor early(&document);
+      early.insertText("typed early");
+      QTextCursor late(&document);
+      late.movePosition(QTextCursor::End);
+      late.insertText("typed late\n");
+      run.Copy("another");
+      expected = RtfOf(run.Cumulative());
+    }
+    QVERIFY(RtfOf(Run(m_path).Cumulative()) == expected);
+  }
+
+  void ManyCopiesAndEditsComeBackInTheirOrder() {
+    QByteArrayList expected;
+    std::int16_t current = 0;
+    const auto contents = [](Run& run) {
+      QByteArrayList texts{RtfOf(run.Cumulative()), run.boxes.lblFormat->text().toUtf8()};
+      return texts;
+    };
+    {
+      Run run(m_path);
+      for (int i = 0; i < 60; ++i) {
+        if (i % 5 == 0) run.clipboard.HoldRtf("{\\rtf1 {\\i formatted} \\qc " + QByteArray::number(i) + "}", "x");
+        if (i % 5 != 0) run.clipboard.HoldText(QString("plain %1").arg(i) + (i % 7 == 0 ? "\r" : i % 3 == 0 ? "\n" : ""));
+        run.Change();
+        if (i % 11 == 0) QTextCursor(run.Cumulative().document()).insertText("edited ");
+        if (i % 13 == 0) QTextCursor(run.boxes.Box(1 + i % 12).document()).insertText("edited too ");
+        if (i % 4 == 0) run.recovery.Flush();
+      }
+      run.recovery.Flush();
+      expected = contents(run);
+      for (int n = 1; n <= kBoxCount; ++n) expected << run.boxes.Box(n).Text().toUtf8();
+      current = run.boxes.CurrentBox;
+    }
+    Run again(m_path);
+    QByteArrayList returned = contents(again);
+    for (int n = 1; n <= kBoxCount; ++n) returned << again.boxes.CapturedRtf[static_cast<size_t>(n)].PlainText().toUtf8();
+    QCOMPARE(returned, expected);
+    QCOMPARE(again.boxes.CurrentBox, current);
   }
 
   void ACopyBesideALongTextWritesItselfOnly() {
