@@ -12,6 +12,10 @@ RulerGuide::RulerGuide(TXRuler& ruler, RichTextControl& control)
   setObjectName("tabHairline");
   setFrameStyle(QFrame::VLine | QFrame::Plain);
   setAttribute(Qt::WA_TransparentForMouseEvents);
+  // Paper is light in every theme.
+  QPalette onPaper = palette();
+  onPaper.setColor(QPalette::WindowText, Qt::black);
+  setPalette(onPaper);
   hide();
   ruler.installEventFilter(this);
 }
