@@ -11,7 +11,9 @@ namespace {
 
 constexpr int kMaxColumns = 200;
 constexpr int kMaxRowSpan = 1000;
-constexpr int kMaxSpannedCells = 100000;
+// Qt's tables take time for each cell that a span covers; what people make has few large spans.
+constexpr int kSmallSpan = 20;
+constexpr int kMaxSpannedCells = 4000;
 
 /// A link may lead to the web, to mail or to a place in the text, and never into a program.
 bool IsHarmlessLink(const QString& target) {
@@ -125,7 +127,7 @@ QString HtmlAttributes::Attribute(const QString& element, const HtmlAttribute& a
 
 QString HtmlAttributes::Span(const HtmlAttribute& attribute, int limit) {
   const int span = std::clamp(attribute.value.trimmed().toInt(), 1, limit);
-  m_spannedCells += span;
+  m_spannedCells += span <= kSmallSpan ? 1 : span;
   if (span == 1 || m_spannedCells > kMaxSpannedCells) return {};
   return QStringLiteral(" %1=\"%2\"").arg(attribute.name).arg(span);
 }

@@ -12,6 +12,8 @@ namespace {
 constexpr qsizetype kMaxDepth = 100;
 constexpr int kMaxTableDepth = 8;
 constexpr int kMaxElements = 120000;
+// Qt walks over a list whenever an item joins it; further items are plain paragraphs.
+constexpr int kMaxListItems = 5000;
 constexpr int kMaxRules = 400;
 constexpr double kDefaultPoints = 12;
 
@@ -139,7 +141,8 @@ class Cleaner {
       return;
     }
     if (element.isBlock) StartBlock();
-    Push(token, element);
+    const bool isItem = token.name == QLatin1String("li");
+    Push(token, isItem && ++m_listItems > kMaxListItems ? ElementNamed(QStringLiteral("div")) : element);
   }
 
   /// Rows and cells that were copied without what they belong to.
@@ -238,6 +241,7 @@ class Cleaner {
   qsizetype m_blockTagEnd = 0;
   int m_tables = 0;
   int m_elements = 0;
+  int m_listItems = 0;
   HtmlAttributes m_attributes;
   int m_depthCut = 0;
   int m_elementsCut = 0;
