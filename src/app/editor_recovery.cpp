@@ -58,13 +58,15 @@ LostDocument EditorRecovery::TakeOver() {
 }
 
 void EditorRecovery::Replay(const LostDocument& lost, RichTextControl& control) {
+  PageGeometry page;
   for (const RecoveryRecord& step : lost.steps) {
     if (step.target == kPage) {
-      control.SetPage(PageFromWords(step.content));
+      page = PageFromWords(step.content);
     } else {
       ReplayEdit(step, control);
     }
   }
+  control.SetPage(page);  // a whole text takes the page of the one before with it
   control.ClearUndoHistory();
 }
 
@@ -103,7 +105,7 @@ void EditorRecovery::Flush() {
   if (m_isFresh) m_text->MarkWhole();
   const auto edit = m_text->TakeEdit();
   if (!edit) return;
-  const bool isWritten = (!m_isFresh || WriteHeading()) && m_file.Append(*edit);
+  const bool isWritten = WriteHeading() && m_file.Append(*edit);
   m_isFresh = m_isFresh && !isWritten;
   if (isWritten) return;
   // There was no room. The text is tried again as a whole.
@@ -112,8 +114,11 @@ void EditorRecovery::Flush() {
 }
 
 bool EditorRecovery::WriteHeading() {
-  return m_file.Append(TextRecord(kPath, m_window->Document().FileName())) &&
-         m_file.Append(TextRecord(kPage, PageInWords(m_window->TextControl().Page())));
+  if (m_isFresh && !m_file.Append(TextRecord(kPath, m_window->Document().FileName()))) return false;
+  const PageGeometry page = m_window->TextControl().Page();
+  if (!m_isFresh && page == m_writtenPage) return true;
+  m_writtenPage = page;
+  return m_file.Append(TextRecord(kPage, PageInWords(page)));
 }
 
 }  // namespace snipdeck

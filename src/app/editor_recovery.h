@@ -7,6 +7,7 @@
 
 #include "app/recovery_file.h"
 #include "app/tracked_text.h"
+#include "platform/page_geometry.h"
 
 namespace snipdeck {
 
@@ -55,6 +56,7 @@ class EditorRecovery : public QObject {
   std::unique_ptr<TrackedText> m_text;
   /// Nothing of the present document has been written yet.
   bool m_isFresh = true;
+  PageGeometry m_writtenPage;
 };
 
 }  // namespace snipdeck
