@@ -65,6 +65,7 @@ frmMyMsgBox::frmMyMsgBox(const ClosingServices& services, const QString& path, Q
   const int saved = PixelsFromTwips(m_services.settings.messageBoxWidth);
   resize(std::max(saved, PixelsFromTwips(kLeastWidth)), PixelsFromTwips(kHeight));
   KeepSize();
+  findChild<QPushButton*>(QStringLiteral("cmdYes"))->setFocus();
 }
 
 QMenuBar* frmMyMsgBox::MakeMenus() {
@@ -120,7 +121,6 @@ QLayout* frmMyMsgBox::MakeAnswers() {
   add("cmdNo", tr("&No"), tr("Do NOT save file"), &frmMyMsgBox::cmdNo_Click);
   add("cmdCancel", tr("&Cancel"), tr("Cancel operation"), &frmMyMsgBox::cmdCancel_Click);
   yes->setDefault(true);
-  yes->setFocus();
 
   auto* confirm = new QCheckBox(tr("Confirm no save of file"));
   confirm->setObjectName(QStringLiteral("chkDecisionConfirmNoSave"));

@@ -25,6 +25,7 @@ frmTxtInfo::frmTxtInfo(const FileInfoServices& services, const FileDetails& deta
   auto* column = new QVBoxLayout(this);
   column->addWidget(MakeDetails(), 1);
   column->addWidget(MakeButtons());
+  findChild<QPushButton*>(QStringLiteral("cmdOk"))->setFocus();
 }
 
 QWidget* frmTxtInfo::MakeDetails() {
@@ -72,7 +73,6 @@ QWidget* frmTxtInfo::MakeButtons() {
   add("cmdMoreInfo", tr("&More info"), tr("Show the properties of the file"), &frmTxtInfo::cmdMoreInfo_Click);
   QPushButton* ok = add("cmdOk", tr("&Ok"), tr("Close this window"), &QDialog::accept);
   ok->setDefault(true);
-  ok->setFocus();
   return buttons;
 }
 

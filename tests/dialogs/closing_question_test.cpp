@@ -105,7 +105,8 @@ class ClosingQuestionTest : public QObject {
     }
     frmMyMsgBox box(stage.Services(), "Untitled.rtf", nullptr);
     box.show();
-    QTest::keyClick(box.findChild<QPushButton*>("cmdYes"), Qt::Key_Escape);
+    QCOMPARE(box.focusWidget()->objectName(), QString("cmdYes"));
+    QTest::keyClick(box.focusWidget(), Qt::Key_Escape);
     QVERIFY(!box.isVisible());
     QCOMPARE(box.Result(), DocumentDecision::Cancel);
   }

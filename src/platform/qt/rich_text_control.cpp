@@ -108,6 +108,7 @@ RichTextControl::RichTextControl(QWidget* parent)
   document()->setDocumentMargin(kDocumentMargin);
   document()->documentLayout()->setPaintDevice(m_zoomedDevice.get());
   ApplyPalette();
+  ClearUndoHistory();  // setting the margin counts as an edit
 }
 
 RichTextControl::~RichTextControl() {
