@@ -38,6 +38,12 @@ class Editor(LivesTest):
     def wait_window(self, title):
         wait_until(f"the window {title!r}", lambda: xdotool("getactivewindow", "getwindowname") == title)
 
+    def choose_file(self, title, path):
+        self.wait_window(title)
+        press("alt+n")
+        type_text(str(path))
+        press("Return")
+
     def wait_closed(self, program):
         wait_until("the end of the editor", lambda: self.shown(program, EDITOR_TEXT) is None)
 
@@ -57,18 +63,17 @@ class Editor(LivesTest):
 
         path = self.documents / "said.txt"
         press("ctrl+s")
-        self.wait_window("Save text to disk")
-        type_text(str(path) + "\n")
+        self.choose_file("Save text to disk", path)
         self.wait_window(f"File :  {path}")
         self.assertEqual(path.read_text(), "He said \u201cdon\u2019t\u201d\u00e9")
 
-        press("ctrl+shift+Home", "ctrl+n")
+        type_text(" not kept")
+        press("ctrl+n")
         self.wait_window("Closing altered file...")
         press("alt+n")
         self.wait_window("Untitled.rtf")
         press("ctrl+o")
-        self.wait_window("Load file from disk")
-        type_text(str(path) + "\n")
+        self.choose_file("Load file from disk", path)
         self.wait_window(str(path))
         wait_equal("the text of the file", path.read_text(), text.text)
         press("alt+F4")
