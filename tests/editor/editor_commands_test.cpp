@@ -251,7 +251,7 @@ class EditorCommandsTest : public QObject {
       QVERIFY(frames.front()->firstPosition() > 7);
       QVERIFY(stage.Text().Text().startsWith(u"before \n"_s) && stage.Text().Text().endsWith(u"after"_s));
       QCOMPARE(stage.Document().ChangedMark(), 1);
-      stage.Document().New();
+      stage.Document().Start(OpenMode::New, {});
       QCOMPARE(stage.Text().document()->rootFrame()->childFrames().size(), 0);
     }
   }
