@@ -1,12 +1,18 @@
 #include "platform/qt/page_view/page_view.h"
 
 #include <QPainter>
+#include <QPrinter>
+#include <QProcess>
 #include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QScrollBar>
 #include <QSignalSpy>
+#include <QStandardPaths>
+#include <QTemporaryDir>
 #include <QTest>
 
 #include "platform/print_dialog.h"
+#include "platform/qt/printing/printer_job.h"
 #include "platform/qt/rich_text_control.h"
 
 namespace snipdeck {
@@ -33,6 +39,28 @@ QList<int> Breaks(const PagedText& text, const QTextDocument& document) {
     breaks << document.documentLayout()->hitTest(first, Qt::FuzzyHit);
   }
   return breaks;
+}
+
+struct PrintedWord {
+  QPointF corner;  // points
+  QString text;
+};
+
+// In reading order, which the tool guesses otherwise where blanks happen to stand below each other.
+QList<PrintedWord> WordsIn(const QString& sheet) {
+  static const QRegularExpression pattern("xMin=\"([0-9.]+)\" yMin=\"([0-9.]+)\"[^>]*>([^<]*)</word>");
+  QList<PrintedWord> words;
+  for (auto it = pattern.globalMatch(sheet); it.hasNext();) {
+    const QRegularExpressionMatch match = it.next();
+    // The font draws some pairs of letters as one.
+    words.append({{match.captured(1).toDouble(), match.captured(2).toDouble()},
+                  match.captured(3).normalized(QString::NormalizationForm_KC)});
+  }
+  std::sort(words.begin(), words.end(), [](const PrintedWord& a, const PrintedWord& b) {
+    const bool onOneLine = std::abs(a.corner.y() - b.corner.y()) < 3;
+    return onOneLine ? a.corner.x() < b.corner.x() : a.corner.y() < b.corner.y();
+  });
+  return words;
 }
 
 // A printer whose sheets are pictures of 96 dots an inch.
@@ -184,11 +212,55 @@ class PageViewTest : public QObject {
     QCOMPARE(printer.Sheet(), blank);
   }
 
+  // Word by word, by the words' places in a PDF file.
+  void APrintedFileHoldsThePagesOfTheView() {
+    const QString reader = QStandardPaths::findExecutable("pdftotext");
+    if (reader.isEmpty()) QSKIP("pdftotext is not installed");
+    Fixture f(Words(60, 8));
+    f.control.SetPage({8391, 11906, 1000, 1200, 800, 1440});
+    f.control.SetViewMode(2);
+    const QTemporaryDir folder;
+    auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+    printer->setOutputFileName(folder.filePath("out.pdf"));
+    PrinterJob::SetSheets(*printer, f.control.Page());
+    PrinterJob job(std::move(printer));
+    f.control.SetPrintDevice(&job);
+    const int pages = f.control.PageCount();
+    for (int page = 1; page <= pages; ++page) {
+      QVERIFY(job.StartPage());
+      f.control.PrintPage(page);
+    }
+    QVERIFY(job.Finish());
+    QProcess reading;
+    reading.start(reader, {"-bbox", folder.filePath("out.pdf"), "-"});
+    QVERIFY(reading.waitForFinished(20000));
+    const QString listed = QString::fromUtf8(reading.readAllStandardOutput());
+    const QStringList sheets = listed.split("<page ").mid(1);
+    QCOMPARE(sheets.size(), pages);
+    const QString text = f.control.Text();
+    int position = 0;
+    for (int page = 0; page < pages; ++page) {
+      for (const PrintedWord& word : WordsIn(sheets[page])) {
+        // Qt draws one line too many above, which the clipping hides; the file lists it all the same.
+        if (page > 0 && word.corner.y() < f.control.Page().top / 20.0 - 3) continue;
+        while (text[position].isSpace()) ++position;
+        QCOMPARE(text.mid(position, word.text.size()), word.text);
+        const QRectF dots = f.Pages().Text().CaretDots(position);
+        QCOMPARE(f.Pages().Text().PageOfDot(dots.top()), page);
+        const QPointF away = f.Pages().Text().OnSheet(page, dots.topLeft()) * 0.75 - word.corner;
+        QVERIFY2(std::abs(away.x()) < 0.5 && std::abs(away.y()) < 3, qPrintable(word.text));
+        position += static_cast<int>(word.text.size());
+      }
+    }
+    QVERIFY(text.mid(position).trimmed().isEmpty());
+  }
+
   void TheMouseMeansWhatItPointsAt() {
     Fixture f(Words(150, 6));
     f.control.SetViewMode(2);
     for (const int zoom : {100, 60, 105}) {
       f.control.SetZoomValue(zoom);
+      f.control.SetSelStart(0);
       f.control.SetSelStart(9100);
       f.control.SetSelStart(9000);
       const QPoint there = f.Pages().viewport()->mapFrom(&f.control, f.Pages().CaretRect().center().toPoint());
