@@ -1,5 +1,9 @@
 #include "richtext/html_cleaner.h"
 
+#include <algorithm>
+
+#include <QSet>
+
 #include "richtext/css_filter.h"
 #include "richtext/html_attributes.h"
 #include "richtext/html_elements.h"
@@ -12,6 +16,9 @@ namespace {
 constexpr qsizetype kMaxDepth = 100;
 constexpr int kMaxTableDepth = 8;
 constexpr int kMaxElements = 120000;
+/// A table takes time and memory for each place of its grid, also where a row has no cell for it.
+constexpr qint64 kMaxGridPlaces = 120000;
+constexpr int kMaxSpan = 200;
 // Qt walks over a list whenever an item joins it; further items are plain paragraphs.
 constexpr int kMaxListItems = 5000;
 constexpr int kMaxRules = 400;
@@ -22,6 +29,37 @@ struct OpenElement {
   QString startTag;  ///< as written; empty when only the contents are
   QString endTag;
   double fontSize = kDefaultPoints;
+};
+
+bool IsCell(const QString& name) {
+  return name == QLatin1String("td") || name == QLatin1String("th");
+}
+
+bool IsPartOfTable(const QString& name) {
+  static const QSet<QString> kNames = {QStringLiteral("table"), QStringLiteral("tr"),    QStringLiteral("td"),
+                                       QStringLiteral("th"),    QStringLiteral("thead"), QStringLiteral("tbody"),
+                                       QStringLiteral("tfoot"), QStringLiteral("caption")};
+  return kNames.contains(name);
+}
+
+/// How large the grids of all tables so far have become.
+class GridSize {
+ public:
+  void StartRow() {
+    m_places += m_widest;
+    m_rowWidth = 0;
+  }
+  void AddCell(int span) {
+    m_rowWidth += std::clamp(span, 1, kMaxSpan);
+    m_widest = std::max(m_widest, m_rowWidth);
+  }
+  void StartTable() { m_widest = 0; }
+  bool IsFull() const { return m_places > kMaxGridPlaces; }
+
+ private:
+  qint64 m_places = 0;
+  int m_rowWidth = 0;
+  int m_widest = 0;
 };
 
 class Cleaner {
@@ -131,6 +169,7 @@ class Cleaner {
 
   void Open(const HtmlToken& token, const HtmlElement& element) {
     CloseImplied(token.name);
+    if (m_grid.IsFull() && !m_leftTables) LeaveTables();
     SupplyTable(token.name);
     if (m_open.size() >= kMaxDepth || (token.name == QLatin1String("table") && m_tables >= kMaxTableDepth)) {
       ++m_depthCut;
@@ -141,13 +180,29 @@ class Cleaner {
       return;
     }
     if (element.isBlock) StartBlock();
-    const bool isItem = token.name == QLatin1String("li");
-    Push(token, isItem && ++m_listItems > kMaxListItems ? ElementNamed(QStringLiteral("div")) : element);
+    Push(token, IsTooMany(token) ? ElementNamed(QStringLiteral("div")) : element);
+  }
+
+  /// Items and cells beyond what lists and tables can take are plain paragraphs.
+  bool IsTooMany(const HtmlToken& token) {
+    if (token.name == QLatin1String("li")) return ++m_listItems > kMaxListItems;
+    if (token.name == QLatin1String("table") && m_tables == 0) m_grid.StartTable();
+    if (token.name == QLatin1String("tr")) m_grid.StartRow();
+    if (IsCell(token.name)) m_grid.AddCell(ValueOf(token, "colspan").toInt());
+    return m_grid.IsFull() && IsPartOfTable(token.name);
+  }
+
+  void LeaveTables() {
+    m_leftTables = true;
+    for (qsizetype i = 0; i < m_open.size() && m_tables > 0; ++i) {
+      if (m_open[i].name == QLatin1String("table")) return CloseDownTo(i);
+    }
   }
 
   /// Rows and cells that were copied without what they belong to.
   void SupplyTable(const QString& name) {
-    const bool isCell = name == QLatin1String("td") || name == QLatin1String("th");
+    const bool isCell = IsCell(name);
+    if (m_grid.IsFull()) return;
     if (!isCell && name != QLatin1String("tr")) return;
     if (m_tables == 0) Supply(QStringLiteral("table"));
     if (isCell && !IsInRow()) Supply(QStringLiteral("tr"));
@@ -242,6 +297,8 @@ class Cleaner {
   int m_tables = 0;
   int m_elements = 0;
   int m_listItems = 0;
+  GridSize m_grid;
+  bool m_leftTables = false;
   HtmlAttributes m_attributes;
   int m_depthCut = 0;
   int m_elementsCut = 0;
