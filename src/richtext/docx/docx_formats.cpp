@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "platform/units.h"
+#include "richtext/format_values.h"
 
 namespace snipdeck {
 namespace {
@@ -105,6 +106,9 @@ int DocxFormats::Paragraph(const QTextBlockFormat& direct, const QTextBlockForma
     format.setLeftMargin((item.textIndent - kListStep * (item.level + 1)) / kTwipsPerPixel);
     if (!item.label.isEmpty()) format.setProperty(kListLabel, item.label);
   }
+  const int steps = item.list < 0 ? 0 : item.level + 1;
+  const double origin = TabOrigin(format, steps, kListStep / kTwipsPerPixel);
+  if (origin != 0) format.setTabPositions(ShiftedTabs(format.tabPositions(), -origin));
   return Keep(std::move(paragraph));
 }
 

@@ -135,11 +135,15 @@ void WriteSpacingAround(XmlOut& out, const QTextBlockFormat& format) {
                                                                                        : "atLeast"));
 }
 
+int ListSteps(const QTextBlock& block) {
+  const QTextList* const list = block.textList();
+  return block.blockFormat().indent() + (list ? list->format().indent() : 0);
+}
+
 void WriteIndents(XmlOut& out, const QTextBlock& block, double indentWidth) {
   const QTextBlockFormat format = block.blockFormat();
   const QTextList* const list = block.textList();
-  const int steps = format.indent() + (list ? list->format().indent() : 0);
-  const int left = TwipsFromLength(format.leftMargin() + steps * indentWidth);
+  const int left = TwipsFromLength(format.leftMargin() + ListSteps(block) * indentWidth);
   const int right = TwipsFromLength(format.rightMargin());
   // A label hangs in front of its paragraph.
   const bool hangs = format.textIndent() == 0 && (list || format.hasProperty(kListLabel));
@@ -227,7 +231,7 @@ void WriteParagraphProperties(XmlOut& out, const QTextBlock& block, const QFont&
   lists.WriteParagraph(out, block);
   WriteBorders(out, format.stringProperty(kParagraphBorder));
   WriteShading(out, format.background());
-  WriteTabs(out, format.tabPositions());
+  WriteTabs(out, ShiftedTabs(format.tabPositions(), TabOrigin(format, ListSteps(block), indentWidth)));
   EmptyIf(out, format.layoutDirection() == Qt::RightToLeft, "w:bidi");
   WriteSpacingAround(out, format);
   WriteIndents(out, block, indentWidth);
