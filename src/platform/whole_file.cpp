@@ -17,18 +17,31 @@ Failure FailureOf(const QFileDevice& file) {
   return {kind, file.errorString()};
 }
 
+Failure NotAFile(const QFileInfo& info) {
+  return {Failure::Kind::Refused, info.isDir() ? QStringLiteral("Is a directory") : QStringLiteral("Not a file")};
+}
+
+/// A write that fills the disk ends early without saying why; the next one does.
+bool WriteAll(QFileDevice& file, QByteArrayView contents) {
+  while (!contents.isEmpty()) {
+    const qint64 written = file.write(contents.data(), contents.size());
+    if (written <= 0) return false;
+    contents = contents.sliced(written);
+  }
+  return true;
+}
+
 }  // namespace
 
 Outcome WriteWholeFile(const QString& path, QByteArrayView contents) {
   // A device or pipe of that name would be gone afterwards, with a file in its place.
-  if (QFileInfo(path).exists() && !QFileInfo(path).isFile())
-    return Failure{Failure::Kind::Refused, QStringLiteral("Not a file")};
+  const QFileInfo present(path);
+  if (present.exists() && !present.isFile()) return NotAFile(present);
   QSaveFile file(path);
   file.setDirectWriteFallback(false);
   if (!file.open(QIODevice::WriteOnly)) return FailureOf(file);
   // A failure while the last bytes leave the buffer is told by flush(); commit() alone would overlook it.
-  if (file.write(contents.data(), contents.size()) != contents.size() || !file.flush() || !file.commit())
-    return FailureOf(file);
+  if (!WriteAll(file, contents) || !file.flush() || !file.commit()) return FailureOf(file);
   return Done{};
 }
 
@@ -36,7 +49,7 @@ Result<QByteArray> ReadWholeFile(const QString& path) {
   const QFileInfo info(path);
   if (!info.exists()) return Failure{Failure::Kind::NotFound, QStringLiteral("No such file or directory")};
   // Opening a pipe would wait for somebody to write into it.
-  if (!info.isFile() && !info.isDir()) return Failure{Failure::Kind::Refused, QStringLiteral("Not a file")};
+  if (!info.isFile() && !info.isDir()) return NotAFile(info);
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly)) return FailureOf(file);
   if (file.size() > kLargestFile) return Failure{Failure::Kind::TooLarge, QStringLiteral("The file is too large")};

@@ -19,7 +19,7 @@ using FileProgress = std::function<bool(double part)>;
 
 /// Reads the file at `path` in the given format, whatever its contents are. The text knows its page size and margins
 /// where the file says them. A failure has the platform's words where the file could not be read, else ours; a missing
-/// file fails with Failure::Kind::NotFound, a cancelled reading with Refused. May run on any thread: the text belongs to
+/// file fails with Failure::Kind::NotFound, a cancelled reading with Refused and no text. May run on any thread: the text belongs to
 /// the application's thread.
 Result<RichText> ReadDocumentFile(const QString& path, FileFormat format, const FileProgress& progress = {});
 

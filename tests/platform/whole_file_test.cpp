@@ -1,5 +1,6 @@
 #include "platform/whole_file.h"
 
+#include <cerrno>
 #include <csignal>
 #include <sys/resource.h>
 
@@ -61,6 +62,12 @@ class WholeFileTest : public QObject {
     QCOMPARE(QDir(m_folder.path()).entryList(QDir::Files | QDir::Hidden), QStringList("file"));
     const FileSizeLimit limit(50);
     QVERIFY(WriteWholeFile(m_path, contents));
+  }
+
+  void AFullDiskIsNamedAlsoWhenItTakesAPart() {
+    const FileSizeLimit limit(100000);
+    const Outcome written = WriteWholeFile(m_path, QByteArray(300000, 'x'));
+    QVERIFY(!written && written.Error().text == qt_error_string(EFBIG));
   }
 
   void WhatCannotBeWrittenOrReadIsTold() {

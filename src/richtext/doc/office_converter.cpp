@@ -65,7 +65,7 @@ Outcome WaitFor(QProcess& office, const std::function<bool(double)>& progress) {
     const bool isUnwanted = progress && !progress(static_cast<double>(elapsed.elapsed()) / kLongest);
     if (!isLate && !isUnwanted) continue;
     End(office);
-    if (isUnwanted) return Failure{Failure::Kind::Refused, QStringLiteral("Cancelled.")};
+    if (isUnwanted) return Failure{Failure::Kind::Refused, QString()};
     return Failure{Failure::Kind::TimedOut, QStringLiteral("LibreOffice did not convert the file in time.")};
   }
   return Done{};

@@ -68,7 +68,7 @@ class Reader {
         continue;
       }
       m_text.pieces.push_back(body.Read(xml));
-      if (body.IsCancelled()) return Failure{Failure::Kind::Refused, QStringLiteral("Cancelled.")};
+      if (body.IsCancelled()) return Failure{Failure::Kind::Refused, QString()};
     }
     if (xml.hasError()) return Malformed(QStringLiteral("The text of the file is damaged: ") + xml.errorString());
     return Done{};

@@ -352,7 +352,7 @@ class DocxVisitor : public DocumentVisitor {
 Result<QByteArray> WriteDocx(const QTextDocument& document, const std::function<bool(double part)>& progress) {
   DocxVisitor visitor(document, progress);
   WalkDocument(document, visitor);
-  if (visitor.IsCancelled()) return Failure{Failure::Kind::Refused, QStringLiteral("Cancelled.")};
+  if (visitor.IsCancelled()) return Failure{Failure::Kind::Refused, QString()};
   return visitor.Finish();
 }
 

@@ -76,7 +76,7 @@ Result<QByteArray> WritePdf(const QTextDocument& document, const std::function<b
   const int count = paged.Count();
   for (int i = 0; i < count; ++i) {
     if (progress && !progress(static_cast<double>(i) / count))
-      return Failure{Failure::Kind::Refused, QStringLiteral("Cancelled.")};
+      return Failure{Failure::Kind::Refused, QString()};
     if (i > 0) writer.newPage();
     paged.Paint(painter, i);
   }

@@ -175,7 +175,7 @@ Result<FlowText> ReadXlsx(const QByteArray& bytes, QStringList& warnings,
     }
     XlsxSheet cells;
     if (!cells.Read(content.Value(), workbook, progress))
-      return Failure{Failure::Kind::Refused, QStringLiteral("Cancelled.")};
+      return Failure{Failure::Kind::Refused, QString()};
     if (cells.isCut) warnings.append(QStringLiteral("cells beyond two million left out"));
     if (workbook.Sheets().size() > 1) {
       flow.AddRun(sheet.name, kBold);

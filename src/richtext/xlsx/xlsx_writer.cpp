@@ -244,7 +244,7 @@ Result<QByteArray> WriteXlsx(const QTextDocument& document, const std::function<
   XlsxVisitor visitor(workbook, document, progress);
   WalkDocument(document, visitor);
   const lxw_error error = workbook_close(workbook);
-  if (visitor.IsCancelled()) return Failure{Failure::Kind::Refused, QStringLiteral("Cancelled.")};
+  if (visitor.IsCancelled()) return Failure{Failure::Kind::Refused, QString()};
   if (error != LXW_NO_ERROR) return Failure{Failure::Kind::Other, QString::fromUtf8(lxw_strerror(error))};
   return ReadWholeFile(path);
 }
