@@ -81,6 +81,8 @@ void frmViewAndPaste::AddCommands() {
   AddCommand(kAllTypes, [this] { cmdAllTypes_Click(); });
   AddCommand(kExit, [this] { cmdExit_Click(); });
   SetTabOrder();
+  // Its keys work after a click, too.
+  cmdBasicRTF->setFocusPolicy(Qt::StrongFocus);
   cmdBasicRTF->installEventFilter(this);
 }
 
