@@ -1,5 +1,6 @@
 #include "clipformats/scaled_picture.h"
 
+#include <algorithm>
 #include <mutex>
 #include <optional>
 
@@ -10,13 +11,15 @@ namespace snipdeck {
 namespace {
 
 constexpr qint64 kFewPixels = 8'000'000;
-constexpr int kLargestInMemory = 512;  // MB, at four bytes a pixel whatever it really takes
+constexpr qint64 kMostPixels = 128 << 20;
+constexpr int kUsualDepth = 32;  // what Qt counts at least for a pixel, whatever it really takes
 
 /// While it lives, one picture may be read whole that is larger than Qt's limit, which holds for the pictures in texts.
 class LargeReading {
  public:
-  LargeReading() : m_one(Turn()), m_usual(QImageReader::allocationLimit()) {
-    QImageReader::setAllocationLimit(kLargestInMemory);
+  /// `depth` is in bits a pixel.
+  explicit LargeReading(int depth) : m_one(Turn()), m_usual(QImageReader::allocationLimit()) {
+    QImageReader::setAllocationLimit(static_cast<int>(kMostPixels * depth / 8 >> 20));
   }
   ~LargeReading() { QImageReader::setAllocationLimit(m_usual); }
   Q_DISABLE_COPY_MOVE(LargeReading)
@@ -48,6 +51,11 @@ bool ScalesWhileReading(QImageReader& reader, const QByteArray& kind) {
   return kind == "png" && (format == QImage::Format_RGB32 || format == QImage::Format_ARGB32);
 }
 
+/// Bits that a pixel takes in memory, as Qt counts them.
+int DepthOf(QImageReader& reader) {
+  return std::max(kUsualDepth, QImage(1, 1, reader.imageFormat()).depth());
+}
+
 /// Scaling smoothly takes four bytes a pixel, so a large picture is thinned out first in what it has.
 QImage Shrunk(const QImage& image, QSize size) {
   if (image.size() == size) return image;
@@ -70,9 +78,12 @@ ScaledPicture ReadScaled(QIODevice& bytes, const QByteArray& kind, QSize most) {
   if (stored.isValid() && ScalesWhileReading(reader, kind)) {
     reader.setScaledSize(ScaledDown(stored, room));
   } else {
-    large.emplace();
+    large.emplace(DepthOf(reader));
   }
-  ScaledPicture picture{reader.read(), isTurned ? stored.transposed() : stored};
+  ScaledPicture picture{{}, isTurned ? stored.transposed() : stored};
+  // Qt would refuse it, too, but complain aloud.
+  if (large && PixelsOf(stored) > kMostPixels) return picture;
+  picture.image = reader.read();
   if (picture.image.isNull()) return picture;
   if (!picture.fullSize.isValid()) picture.fullSize = picture.image.size();
   picture.image = Shrunk(picture.image, ScaledDown(picture.image.size(), most));
