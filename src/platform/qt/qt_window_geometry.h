@@ -27,6 +27,8 @@ class QtWindowGeometry : public WindowGeometry {
 
  private:
   QSize Frame() const;
+  QPoint Corner() const;
+  const QWindow* Shown() const;
 
   QWidget& m_window;
   bool m_sizedWithoutFrame = false;
