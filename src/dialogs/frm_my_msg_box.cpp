@@ -11,7 +11,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
-#include <QTimer>
+#include <QScreen>
 
 #include "dialogs/frm_txt_info.h"
 #include "platform/menu_colours.h"
@@ -52,7 +52,10 @@ Widget* AddDetail(QGridLayout& grid, const QString& caption, const char* name) {
 }  // namespace
 
 frmMyMsgBox::frmMyMsgBox(const ClosingServices& services, const QString& path, QWidget* owner)
-    : QDialog(owner), m_services(services), m_details(FileDetails::Of(path, QDateTime::currentDateTime(), QLocale())) {
+    : QDialog(owner),
+      m_services(services),
+      m_details(FileDetails::Of(path, QDateTime::currentDateTime(), QLocale())),
+      m_geometry(*this) {
   setObjectName(QStringLiteral("frmMyMsgBox"));
   setWindowTitle(tr("Closing altered file..."));
   auto* column = new QVBoxLayout(this);
@@ -62,8 +65,9 @@ frmMyMsgBox::frmMyMsgBox(const ClosingServices& services, const QString& path, Q
   column->addWidget(MakeDetails());
   column->addWidget(MakeChoices(), 1);
   ShowDetails();
-  const int saved = PixelsFromTwips(m_services.settings.messageBoxWidth);
-  resize(std::max(saved, PixelsFromTwips(kLeastWidth)), PixelsFromTwips(kHeight));
+  const double room = TwipsFromPixels(screen()->availableGeometry().width());
+  m_geometry.SetWidth(std::max(std::min<double>(m_services.settings.messageBoxWidth, room), kLeastWidth));
+  m_geometry.SetHeight(kHeight);
   KeepSize();
   findChild<QPushButton*>(QStringLiteral("cmdYes"))->setFocus();
 }
@@ -139,6 +143,7 @@ QLayout* frmMyMsgBox::MakePictureButtons() {
     auto* button = new CommandButton(QString::fromLatin1(icon), toolTip, this);
     button->setObjectName(QString::fromLatin1(name));
     button->setFocusPolicy(Qt::StrongFocus);
+    button->setAutoDefault(true);  // Enter presses it, not "Yes"
     button->setFixedSize(kPictureButtonWidth, kPictureButtonHeight);
     connect(button, &QPushButton::clicked, this, handler);
     row->addWidget(button);
@@ -166,20 +171,20 @@ void frmMyMsgBox::ShowDetails() {
 
 // The height stays as it is and the width has a least value, both with the frame that the desktop puts around.
 void frmMyMsgBox::KeepSize() {
-  const QSize frame = frameGeometry().size() - size();
-  setFixedHeight(std::max(PixelsFromTwips(kHeight) - frame.height(), layout()->minimumSize().height()));
+  const QSize frame(PixelsFromTwips(m_geometry.Width()) - width(), PixelsFromTwips(m_geometry.Height()) - height());
   setMinimumWidth(PixelsFromTwips(kLeastWidth) - frame.width());
+  m_geometry.FitFrame();
+  setFixedHeight(std::max(PixelsFromTwips(kHeight) - frame.height(), layout()->minimumSize().height()));
 }
 
-void frmMyMsgBox::showEvent(QShowEvent* event) {
-  QDialog::showEvent(event);
-  // The frame is known once the desktop has shown the window.
-  QTimer::singleShot(0, this, &frmMyMsgBox::KeepSize);
+// The frame is known once the desktop has shown the window.
+void frmMyMsgBox::changeEvent(QEvent* event) {
+  QDialog::changeEvent(event);
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) KeepSize();
 }
 
 void frmMyMsgBox::done(int code) {
-  m_services.settings.messageBoxWidth =
-      static_cast<std::int32_t>(std::lround(TwipsFromPixels(frameGeometry().width())));
+  m_services.settings.messageBoxWidth = static_cast<std::int32_t>(std::lround(m_geometry.Width()));
   QDialog::done(code);
 }
 

@@ -7,6 +7,7 @@
 #include "navigation/external_programs.h"
 #include "platform/changed_document_question.h"
 #include "platform/clipboard_writer.h"
+#include "platform/qt/qt_window_geometry.h"
 
 class QCheckBox;
 class QLabel;
@@ -37,7 +38,7 @@ class frmMyMsgBox : public QDialog {
   DocumentDecision Result() const { return m_result; }
 
  protected:
-  void showEvent(QShowEvent* event) override;
+  void changeEvent(QEvent* event) override;
   void done(int code) override;
 
  private:
@@ -61,6 +62,7 @@ class frmMyMsgBox : public QDialog {
 
   ClosingServices m_services;
   FileDetails m_details;
+  QtWindowGeometry m_geometry;
   DocumentDecision m_result = DocumentDecision::Cancel;
   QLineEdit* m_fileName;
   QLineEdit* m_filePath;
