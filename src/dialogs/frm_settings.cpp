@@ -32,7 +32,6 @@ QPushButton* MakeButton(const char* name, const QString& caption, const QString&
   auto* button = new QPushButton(caption);
   button->setObjectName(QString::fromLatin1(name));
   button->setToolTip(toolTip);
-  button->setAutoDefault(false);
   return button;
 }
 
@@ -140,6 +139,7 @@ QLineEdit* frmSettings::AddFile(QGridLayout& grid, const QString& caption, const
   auto* browse = new CommandButton(QStringLiteral("open-file"), toolTip, this);
   browse->setObjectName(QString::fromLatin1(button));
   browse->setFocusPolicy(Qt::StrongFocus);
+  browse->setAutoDefault(true);  // Enter presses it, not "Close"
   browse->setFixedSize(kBrowseSize);
   connect(browse, &QPushButton::clicked, this, handler);
   const int row = grid.rowCount();
