@@ -40,6 +40,19 @@ void FitEntries(QListWidget& list) {
                     list.sizeHintForRow(0) * kRows + frame);
 }
 
+// Styles paint what is selected alike in both lists; it pales where the keyboard is not.
+void ShowKeyboard(QListWidget& list, bool isHere) {
+  QPalette colours = list.parentWidget()->palette();
+  if (!isHere) {
+    const QColor text = colours.color(QPalette::Text);
+    QColor pale = text;
+    pale.setAlphaF(0.15F);
+    colours.setColor(QPalette::Highlight, pale);
+    colours.setColor(QPalette::HighlightedText, text);
+  }
+  list.setPalette(colours);
+}
+
 bool IsEnter(const QEvent& event) {
   if (event.type() != QEvent::KeyPress) return false;
   const int key = static_cast<const QKeyEvent&>(event).key();
@@ -59,7 +72,10 @@ frmWindowSize::frmWindowSize(Settings& settings, QWidget* owner)
   column->setSizeConstraint(QLayout::SetFixedSize);
   column->addWidget(MakeLists());
   column->addWidget(MakeButtons());
-  for (QListWidget* list : {m_presets, m_percents}) list->installEventFilter(this);
+  for (QListWidget* list : {m_presets, m_percents}) {
+    ShowKeyboard(*list, false);
+    list->installEventFilter(this);
+  }
   connect(m_presets, &QListWidget::itemDoubleClicked, this, &frmWindowSize::cmdOk_Click);
   connect(m_percents, &QListWidget::itemDoubleClicked, this, &frmWindowSize::cmdPercent_Click);
   m_presets->setFocus();
@@ -105,6 +121,12 @@ void frmWindowSize::cmdPercent_Click() {
   done(kPercent);
 }
 
+void frmWindowSize::FollowKeyboard(QListWidget& list, bool isHere) {
+  ShowKeyboard(list, isHere);
+  const auto name = &list == m_presets ? QStringLiteral("cmdOk") : QStringLiteral("cmdPercent");
+  if (isHere) findChild<QPushButton*>(name)->setDefault(true);
+}
+
 bool frmWindowSize::eventFilter(QObject* watched, QEvent* event) {
   if (IsEnter(*event)) {
     if (watched == m_presets) {
@@ -114,7 +136,10 @@ bool frmWindowSize::eventFilter(QObject* watched, QEvent* event) {
     }
     return true;
   }
-  if (event->type() == QEvent::FontChange) FitEntries(*static_cast<QListWidget*>(watched));
+  auto& list = *static_cast<QListWidget*>(watched);
+  if (event->type() == QEvent::FontChange) FitEntries(list);
+  if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
+    FollowKeyboard(list, event->type() == QEvent::FocusIn);
   return QDialog::eventFilter(watched, event);
 }
 

@@ -25,6 +25,7 @@ class frmWindowSize : public QDialog {
  private:
   QWidget* MakeLists();
   QWidget* MakeButtons();
+  void FollowKeyboard(QListWidget& list, bool isHere);
   void cmdOk_Click();
   void cmdPercent_Click();
 
