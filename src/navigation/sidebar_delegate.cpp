@@ -41,8 +41,10 @@ void SidebarDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
   PaintDrawnIcon(*painter, index.data(kIconRole).toString(), icon, text);
   painter->setFont(index.data(Qt::FontRole).value<QFont>());
   painter->setPen(text);
-  painter->drawText(cell.adjusted(kCaptionMargin, kCaptionTop, -kCaptionMargin, 0), Qt::AlignHCenter | Qt::AlignTop,
-                    index.data().toString());
+  const QRect place = cell.adjusted(kCaptionMargin, kCaptionTop, -kCaptionMargin, 0);
+  painter->drawText(
+      place, Qt::AlignHCenter | Qt::AlignTop,
+      painter->fontMetrics().elidedText(index.data().toString(), Qt::ElideRight, place.width(), Qt::TextSingleLine));
   painter->restore();
 }
 
