@@ -36,7 +36,8 @@ void CommandButton::paintEvent(QPaintEvent*) {
   if (!isEnabled()) painter.setOpacity(kGreyedOut);
   QRect place(0, 0, kIconSize, kIconSize);
   place.moveCenter(rect().center());
-  PaintDrawnIcon(painter, m_icon, place, InkOn(palette().color(QPalette::Button)));
+  const QColor ground = palette().color(QPalette::Button);
+  PaintDrawnIcon(painter, m_icon, place, InkOn(ground), ground);
 }
 
 }  // namespace snipdeck
