@@ -9,6 +9,12 @@ namespace {
 
 constexpr QSize kSize(400, 60);  // pixels
 
+// No window is active while one closes over another; the one that is in use is then the modal one beneath.
+QWidget* WindowInUse() {
+  QWidget* modal = QApplication::activeModalWidget();
+  return modal ? modal : QApplication::activeWindow();
+}
+
 }  // namespace
 
 frmSaving::frmSaving(QWidget* owner)
@@ -27,7 +33,7 @@ void frmSaving::paintEvent(QPaintEvent*) {
 }
 
 void SavingWindow::Show() {
-  if (!m_notice) m_notice = new frmSaving(QApplication::activeWindow());
+  if (!m_notice) m_notice = new frmSaving(WindowInUse());
   m_notice->show();
 }
 
