@@ -13,7 +13,14 @@ namespace snipdeck {
 
 namespace {
 
-constexpr int kLeastWidth = 420;  // pixels
+constexpr int kLeastValueWidth = 300;  // pixels
+constexpr int kMostShown = 64;         // characters of a value
+
+// Of a long name or path the beginning and the end.
+QString Shortened(const QString& value) {
+  if (value.size() <= kMostShown) return value;
+  return value.left(kMostShown / 2) + QChar(0x2026) + value.right(kMostShown / 2 - 1);
+}
 
 }  // namespace
 
@@ -21,7 +28,6 @@ frmTxtInfo::frmTxtInfo(const FileInfoServices& services, const FileDetails& deta
     : QDialog(owner), m_services(services), m_details(details) {
   setObjectName(QStringLiteral("frmTxtInfo"));
   setWindowTitle(tr("File information"));
-  setMinimumWidth(kLeastWidth);
   auto* column = new QVBoxLayout(this);
   column->addWidget(MakeDetails(), 1);
   column->addWidget(MakeButtons());
@@ -34,14 +40,15 @@ QWidget* frmTxtInfo::MakeDetails() {
   auto* grid = new QGridLayout(frame);
   grid->setHorizontalSpacing(16);
   grid->setColumnStretch(1, 1);
+  grid->setColumnMinimumWidth(1, kLeastValueWidth);
   int row = 0;
   const auto add = [&](const QString& caption, const QString& value) {
-    auto* label = new QLabel(value);
+    auto* label = new QLabel(Shortened(value));
     label->setObjectName(QStringLiteral("Label%1").arg(row + 1));
     label->setAccessibleName(caption);
     label->setAccessibleDescription(value);
     label->setTextFormat(Qt::PlainText);
-    label->setWordWrap(true);
+    if (label->text() != value) label->setToolTip(QStringLiteral("<qt>%1</qt>").arg(value.toHtmlEscaped()));
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     grid->addWidget(new QLabel(caption), row, 0, Qt::AlignTop);
     grid->addWidget(label, row++, 1);
@@ -85,7 +92,6 @@ QString frmTxtInfo::Text() const {
 }
 
 void frmTxtInfo::cmdCopyToClipboard_Click() {
-  m_services.clipboard.EmptyClipboard();
   m_services.clipboard.PutRichText({.rtf = {}, .html = {}, .text = Text()});
   ShowCopyNotice(m_services.messages);
 }
