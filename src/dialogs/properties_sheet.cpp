@@ -33,17 +33,19 @@ QString RightsText(const QFileInfo& file) {
 }
 
 QString SizeText(qint64 bytes) {
+  constexpr qint64 kLeastUnit = 1024;
+  if (bytes < kLeastUnit) return QLocale().formattedDataSize(bytes);
   return Words("%1 (%L2 bytes)").arg(QLocale().formattedDataSize(bytes)).arg(bytes);
 }
 
-void AddRow(QFormLayout& form, const char* caption, const QString& value) {
+QLabel& AddRow(QFormLayout& form, const char* caption, const QString& value) {
   auto* label = new QLabel(value);
   label->setTextFormat(Qt::PlainText);
   label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  label->setWordWrap(true);
   label->setAccessibleName(Words(caption));
   label->setAccessibleDescription(value);
   form.addRow(Words(caption), label);
+  return *label;
 }
 
 }  // namespace
@@ -56,8 +58,8 @@ void ShowPropertiesSheet(const QString& path, QWidget& owner) {
   sheet->setObjectName(QStringLiteral("PropertiesSheet"));
   sheet->setWindowTitle(Words("Properties of %1").arg(file.fileName()));
   auto* form = new QFormLayout(sheet);
-  AddRow(*form, "Name", file.fileName());
-  AddRow(*form, "Folder", QDir::toNativeSeparators(file.absolutePath()));
+  AddRow(*form, "Name", file.fileName()).setWordWrap(true);
+  AddRow(*form, "Folder", QDir::toNativeSeparators(file.absolutePath())).setWordWrap(true);
   AddRow(*form, "Kind", QMimeDatabase().mimeTypeForFile(file, QMimeDatabase::MatchExtension).comment());
   AddRow(*form, "Size", SizeText(file.size()));
   AddRow(*form, "Created", TimeText(file.birthTime()));
