@@ -81,13 +81,15 @@ QString QtFileDialogs::BrowseForFolder(const QString& title, const QString& star
   QFileDialog dialog(QApplication::activeWindow(), title, start);
   dialog.setFileMode(QFileDialog::Directory);
   dialog.setOption(QFileDialog::ShowDirsOnly);
+  dialog.setIconProvider(&m_icons);
   dialog.setHistory({});
   return dialog.exec() == QDialog::Accepted ? OnlyChoice(dialog) : QString();
 }
 
-void QtFileDialogs::Prepare(QFileDialog& dialog, const FileRequest& request) const {
+void QtFileDialogs::Prepare(QFileDialog& dialog, const FileRequest& request) {
   dialog.setWindowTitle(request.title);
   dialog.setOption(QFileDialog::HideNameFilterDetails);
+  dialog.setIconProvider(&m_icons);
   dialog.setHistory({});
   if (!request.filters.isEmpty()) dialog.setNameFilters(NameFilters(request.filters));
   dialog.setDefaultSuffix(request.defaultExtension);

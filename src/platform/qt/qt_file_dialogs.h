@@ -4,6 +4,7 @@
 #include <QWidget>
 
 #include "platform/file_dialogs.h"
+#include "platform/qt/file_kind_icons.h"
 
 class QFileDialog;
 
@@ -18,9 +19,10 @@ class QtFileDialogs : public FileDialogs {
   QString BrowseForFolder(const QString& title, const QString& start) override;
 
  private:
-  void Prepare(QFileDialog& dialog, const FileRequest& request) const;
+  void Prepare(QFileDialog& dialog, const FileRequest& request);
   QString RunForFile(QFileDialog& dialog);
 
+  FileKindIcons m_icons;
   QString m_lastName;
 };
 
