@@ -21,7 +21,8 @@ void ReadFormat(FormatReading& format, cCustomClipboard& clipboard, ClipboardFun
     return;
   }
   const MemoryHandle block = clipboard.GetClipboardMemoryHandle(format.number);
-  format.failure = block == 0 ? functions.LastFailure() : QString();
+  if (block == 0) format.failure = functions.LastFailure();
+  if (block == 0 && format.failure.isEmpty()) format.failure = QStringLiteral("it is not there");
   if (block != 0) {
     format.size = static_cast<qint64>(functions.BlockSize(block));
     format.head = QByteArray(functions.LockBlock(block), std::min(format.size, kKeptBytes));

@@ -45,7 +45,8 @@ class ClipboardFunctions {
   /// format's owner does not hand it over in time: reading waits for another program one second without progress, and
   /// no longer than five in all. Events are handled meanwhile, the user's are not.
   virtual MemoryHandle GetClipboardData(ClipboardFormat format) = 0;
-  /// Why the last GetClipboardData() gave no block, in words for a person; empty after one that did.
+  /// Why the last GetClipboardData() gave no block, why OpenClipboard() was refused, or why the last list that
+  /// EnumClipboardFormats() began is empty although something may be there, in words for a person; empty otherwise.
   virtual QString LastFailure() const = 0;
   /// Hands a block to the clipboard, which owns it from now on, also when it refuses it. Other formats stay. False when
   /// the clipboard is not open or cannot carry the format.

@@ -19,7 +19,9 @@ bool IsBlock(ClipboardFormat format) {
 }  // namespace
 
 bool Win32ClipboardFunctions::OpenClipboard(WindowHandle owner) {
-  return ::OpenClipboard(reinterpret_cast<HWND>(owner)) != FALSE;
+  if (::OpenClipboard(reinterpret_cast<HWND>(owner))) return true;
+  m_failure = qt_error_string(static_cast<int>(::GetLastError()));
+  return false;
 }
 
 void Win32ClipboardFunctions::CloseClipboard() {
@@ -35,6 +37,7 @@ int Win32ClipboardFunctions::CountClipboardFormats() {
 }
 
 ClipboardFormat Win32ClipboardFunctions::EnumClipboardFormats(ClipboardFormat previous) {
+  if (previous == 0) m_failure.clear();
   return static_cast<ClipboardFormat>(::EnumClipboardFormats(static_cast<UINT>(previous)));
 }
 

@@ -37,6 +37,8 @@ class ForeignContents : public QObject {
   Result<QByteArray> Read(const QByteArray& target);
   /// The window that owns the clipboard; 0 for none.
   xcb_window_t Owner() { return m_connection.SelectionOwner(); }
+  /// The present owner let us wait in vain.
+  bool OwnerIsSilent() const { return m_ownerIsSilent; }
   /// Leaves the clipboard without an owner.
   void TakeAway();
 

@@ -61,6 +61,10 @@ Result<QByteArray> PresentContents::Read(const QByteArray& target) {
   return m_foreign.Read(target);
 }
 
+bool PresentContents::OwnerIsSilent() const {
+  return !OwnMimeData() && m_foreign.OwnerIsSilent();
+}
+
 OfferedData PresentContents::ReadAll() {
   QElapsedTimer elapsed;
   elapsed.start();

@@ -29,6 +29,8 @@ class PresentContents {
   Outcome Add(const OfferedData& offers);
   /// Leaves nothing there.
   Outcome Clear();
+  /// The owner is another program that does not answer.
+  bool OwnerIsSilent() const;
   xcb_window_t Owner() { return m_foreign.Owner(); }
 
  private:

@@ -36,7 +36,10 @@ OfferedData OffersOfFileList(const QByteArray& block) {
 }  // namespace
 
 bool X11ClipboardFunctions::OpenClipboard(WindowHandle owner) {
-  if (m_isOpen && owner != m_owner) return false;
+  if (m_isOpen && owner != m_owner) {
+    m_failure = QStringLiteral("another window uses the clipboard");
+    return false;
+  }
   m_isOpen = true;
   m_owner = owner;
   return true;
@@ -80,9 +83,15 @@ int X11ClipboardFunctions::CountClipboardFormats() {
   return static_cast<int>(Formats().size());
 }
 
+void X11ClipboardFunctions::BeginList() {
+  m_listed = Formats();
+  const bool isUnknown = m_listed.empty() && !m_isEmptied && m_contents.OwnerIsSilent();
+  m_failure = isUnknown ? QStringLiteral("the owner does not answer") : QString();
+}
+
 ClipboardFormat X11ClipboardFunctions::EnumClipboardFormats(ClipboardFormat previous) {
   if (!m_isOpen) return 0;
-  if (previous == 0) m_listed = Formats();
+  if (previous == 0) BeginList();
   auto next = m_listed.begin();
   if (previous != 0) {
     next = std::find(m_listed.begin(), m_listed.end(), previous);

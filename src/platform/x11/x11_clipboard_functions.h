@@ -38,6 +38,7 @@ class X11ClipboardFunctions : public ClipboardFunctions {
 
  private:
   std::vector<ClipboardFormat> Formats();
+  void BeginList();
   MemoryHandle Adopt(const QByteArray& block);
   QByteArray ReadBlock(ClipboardFormat format);
   QByteArray BlockOf(ClipboardFormat format, const QByteArray& target, const QByteArray& bytes) const;
