@@ -3,22 +3,23 @@
 #include <QStringList>
 
 #include "platform/qt/control_companion.h"
+#include "platform/qt/page_view/page_starts.h"
 
 class QLabel;
 
 namespace snipdeck {
 
-/// Where the caret of a control stands. `page` is the page that the caret's line is printed on; in the normal view, the
-/// one that it would be printed on if the lines were printed as they are wrapped on the screen; `line` counts the wrapped lines from the top of that page, `column` the
-/// characters from the start of that line. All from 1.
+/// Where the caret of a control stands. `page` is the page that the caret's line is printed on, `line` counts the lines
+/// as they are shown from the first one with text of that page, and cells that stand side by side as one; `column`
+/// counts the characters from the start of the line. All from 1; 0 for a page and a line that are not known yet.
 struct CaretPlace {
   int page = 1;
   int line = 1;
   int column = 1;
 };
 
-/// Found by looking at no more than a page of lines, whatever the length of the text.
-CaretPlace CaretPlaceIn(const RichTextControl& control);
+/// Found by looking at no more than a few pages of lines, whatever the length of the text.
+CaretPlace CaretPlaceIn(const RichTextControl& control, const PageStarts& pages);
 
 /// Tells page, line and column of the caret, the number of pages and the zoom.
 class TXStatusBar : public ControlCompanion {
@@ -41,6 +42,7 @@ class TXStatusBar : public ControlCompanion {
   QStringList m_fieldLabels;
   QLabel* m_place;
   QLabel* m_extent;
+  PageStarts m_pages;
 };
 
 }  // namespace snipdeck

@@ -4,29 +4,32 @@
 #include <QLineEdit>
 #include <QTest>
 #include <QTextBlock>
+#include <QTextTable>
 
 #include "platform/qt/button_bar.h"
+#include "platform/qt/printing/page_printing.h"
 #include "platform/qt/rich_text_control.h"
 #include "platform/qt/status_bar.h"
 
 namespace snipdeck {
 namespace {
 
-// The same answer by the long way: every line from the start of the text.
-CaretPlace PlaceByCounting(const RichTextControl& control, double pageHeight) {
+using namespace Qt::StringLiterals;
+
+// The same answer by the long way: the page of the view of pages, and every line from the start of the text.
+CaretPlace PlaceByCounting(const RichTextControl& control, const PagedCopy& paper) {
+  const auto pageAt = [&](int place) { return paper.Text().PageOfDot(paper.Text().CaretDots(place).top() + 1) + 1; };
   const int position = control.textCursor().position();
-  CaretPlace place{1, 0, 1};
+  CaretPlace place{pageAt(position), 0, 1};
   for (QTextBlock block = control.document()->begin(); block.isValid(); block = block.next()) {
-    const double top = control.document()->documentLayout()->blockBoundingRect(block).top();
     for (int i = 0; i < block.layout()->lineCount(); ++i) {
       const QTextLine line = block.layout()->lineAt(i);
-      const int page = 1 + static_cast<int>((top + line.y()) / pageHeight);
-      place.line = page == place.page ? place.line + 1 : 1;
-      place.page = page;
-      place.column = 1 + position - block.position() - line.textStart();
+      const int begin = block.position() + line.textStart();
+      if (begin > position) return place;
       const bool isLast = i + 1 == block.layout()->lineCount();
-      if (place.column - 1 < line.textLength() || (isLast && position < block.position() + block.length()))
-        return place;
+      const int last = begin + line.textLength() - (isLast ? 0 : 1);
+      if (pageAt(begin) <= place.page && pageAt(last) >= place.page) ++place.line;
+      place.column = 1 + position - begin;
     }
   }
   return place;
@@ -150,24 +153,47 @@ class ControlBarsTest : public QObject {
 
   void TheCaretsPlaceAgreesWithCounting() {
     QFETCH(const int, zoom);
-    constexpr double kA4TextHeight = (16838 - 2 * 1440) / 15.0;
     Fixture f;
     f.control.SetZoomValue(zoom);
     for (int i = 0; i < 300; ++i) f.control.AppendText(QString("word %1 ").arg(i).repeated(1 + i % 40) + u'\n');
     const int end = f.control.SelStart();
-    int pages = 0;
+    PageGeometry small;
+    small.width = 8391;
+    small.height = 11906;
+    f.control.SetPage(small);
+    bool known = false;
+    PageStarts starts([&] { known = true; });
+    starts.LookAt(f.control);
+    QCOMPARE(CaretPlaceIn(f.control, starts).page, 0);
+    QTRY_VERIFY(known);
+    const PagedCopy paper(*f.control.document());
+    QCOMPARE(starts.Count(), paper.Text().CountPages());
+    QVERIFY(starts.Count() > 5);
     for (int position = 0; position <= end; position += 397) {
       f.control.SetSelStart(position);
-      const CaretPlace found = CaretPlaceIn(f.control);
-      const CaretPlace counted = PlaceByCounting(f.control, kA4TextHeight * zoom / 100);
+      const CaretPlace found = CaretPlaceIn(f.control, starts);
+      const CaretPlace counted = PlaceByCounting(f.control, paper);
       QCOMPARE(found.page, counted.page);
       QCOMPARE(found.line, counted.line);
       QCOMPARE(found.column, counted.column);
-      pages = std::max(pages, found.page);
     }
-    QVERIFY(pages > 5);
-    const QString shown = QString("Page %1").arg(CaretPlaceIn(f.control).page);
+    const QString shown = QString("Page %1 ").arg(CaretPlaceIn(f.control, starts).page);
     QTRY_VERIFY(f.status.findChildren<QLabel*>().first()->text().startsWith(shown));
+    const int before = starts.PageOf(end);
+    f.control.SetSelStart(0);
+    f.control.SetSelText(u"typed\n"_s);
+    QCOMPARE(starts.PageOf(end + 6), before);
+  }
+
+  void CellsSideBySideAreOneLine() {
+    Fixture f;
+    f.control.SetText(u"one\ntwo\n"_s);
+    f.control.SetSelStart(8);
+    QTextCursor caret = f.control.textCursor();
+    QTextTable* const table = caret.insertTable(3, 4);
+    table->cellAt(1, 0).firstCursorPosition().insertText(u"a\nb"_s);
+    f.control.setTextCursor(table->cellAt(2, 3).firstCursorPosition());
+    QTRY_VERIFY(f.status.findChildren<QLabel*>().first()->text().startsWith(u"Page 1   Line 6 "_s));
   }
 };
 

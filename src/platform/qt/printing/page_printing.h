@@ -14,6 +14,7 @@ class PagedCopy {
   explicit PagedCopy(const QTextDocument& document);
 
   const PagedText& Text() const { return m_text; }
+  const QTextDocument& Document() const { return *m_copy; }
 
  private:
   std::unique_ptr<QTextDocument> m_copy;
