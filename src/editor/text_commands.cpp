@@ -63,6 +63,7 @@ void PlainCharacters(RichTextControl& control) {
   control.mergeCurrentCharFormat(onBaseline);
 }
 
+// What is typed next would join the step to undo if that ended with the new characters, so the old ones go last.
 bool SwapCharacters(RichTextControl& control) {
   const int caret = control.SelStart();
   const NeighbourLengths around = CharactersAround(control, caret);
@@ -77,7 +78,14 @@ bool SwapCharacters(RichTextControl& control) {
     control.SetSelStart(caret);
     return false;
   }
+  control.SetSelStart(begin + length);
+  QTextCursor old = control.textCursor();
+  old.beginEditBlock();
   control.SetSelText(both.mid(around.before) + both.left(around.before));
+  old.setPosition(begin);
+  old.setPosition(begin + length, QTextCursor::KeepAnchor);
+  old.removeSelectedText();
+  old.endEditBlock();
   return true;
 }
 
@@ -88,12 +96,16 @@ void FormatTable(RichTextControl& control, MessageBox& messages) {
                  .icon = MessageIcon::Exclamation});
 }
 
+// One step to undo.
 void InsertTextBox(RichTextControl& control) {
+  QTextCursor step = control.textCursor();
+  step.beginEditBlock();
   const int box = control.TextFrameInsert(1, 1, -1);
   for (const auto& [index, value] : kTextBox) control.SetTextFrameAttribute(box, 1, 1, index, value);
   control.SetSelStart(control.SelStart() - 1);
   control.SetSelText(QStringLiteral("\r\n"));
   control.SetSelStart(control.SelStart() - 1);
+  step.endEditBlock();
 }
 
 }  // namespace snipdeck

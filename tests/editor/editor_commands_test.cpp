@@ -1,3 +1,4 @@
+#include <QAbstractTextDocumentLayout>
 #include <QDialog>
 #include <QMenu>
 #include <QMenuBar>
@@ -251,6 +252,14 @@ class EditorCommandsTest : public QObject {
       QVERIFY(frames.front()->firstPosition() > 7);
       QVERIFY(stage.Text().Text().startsWith(u"before \n"_s) && stage.Text().Text().endsWith(u"after"_s));
       QCOMPARE(stage.Document().ChangedMark(), 1);
+      const double drawn = stage.Text().document()->documentLayout()->frameBoundingRect(frames.front()).height();
+      stage.Text().undo();
+      QCOMPARE(stage.Text().Text(), u"before after"_s);
+      stage.Text().redo();
+      QTextFrame* const again = stage.Text().document()->rootFrame()->childFrames().value(0);
+      QVERIFY(again);
+      again->firstCursorPosition().insertText(u"x"_s);
+      QCOMPARE(drawn, stage.Text().document()->documentLayout()->frameBoundingRect(again).height());
       stage.Document().Start(OpenMode::New, {});
       QCOMPARE(stage.Text().document()->rootFrame()->childFrames().size(), 0);
     }

@@ -116,6 +116,9 @@ class EditorTypingTest : public QObject {
     Put(stage.Text(), before);
     QTest::keyClick(&stage.Text(), Qt::Key_S, Qt::AltModifier);
     QCOMPARE(Seen(stage.Text()), after);
+    QTest::keyClick(&stage.Text(), Qt::Key_X);
+    stage.Text().undo();
+    QCOMPARE(Seen(stage.Text()), after);
     stage.Text().undo();
     QCOMPARE(stage.Text().Text(), QString(before).remove(u'|'));
   }

@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include <QTextCursor>
 #include <QTextDocument>
 #include <QTextTable>
 
@@ -95,7 +96,12 @@ void SetFrameAttribute(QTextTable& frame, int index, int value) {
   QTextTableCellFormat format = cell.format().toTableCellFormat();
   if (index == kFrameBorder) SetLines(format, {value > 0 ? 1.0 : 0.0, Qt::black});
   if (IsDistance(index)) format.setProperty(PaddingOf(index), std::clamp(value, 0, kMostDistance) / kTwipsPerPixel);
+  // Qt lays a cell out again for a change of its paragraphs, not of itself.
+  QTextCursor inside = cell.firstCursorPosition();
+  inside.beginEditBlock();
   cell.setFormat(format);
+  inside.setBlockFormat(inside.blockFormat());
+  inside.endEditBlock();
 }
 
 }  // namespace snipdeck
