@@ -1,5 +1,8 @@
 #include "clipformats/format_list.h"
 
+#include <algorithm>
+
+#include <QEvent>
 #include <QFontDatabase>
 #include <QHeaderView>
 #include <QLocale>
@@ -16,6 +19,10 @@ namespace snipdeck {
 namespace {
 
 constexpr qint64 kTimeForAll = 5000;  // milliseconds
+
+constexpr int kLeastLines = 2;
+// Of the height, list to contents.
+const QList<int> kShares = {300, 200};
 
 enum Column { kNumber, kName, kSize, kTime };
 
@@ -34,17 +41,22 @@ FormatList::FormatList(ClipboardFunctions& functions, std::function<cCustomClipb
   m_list->setRootIsDecorated(false);
   m_list->setUniformRowHeights(true);
   m_list->header()->setSectionResizeMode(kNumber, QHeaderView::ResizeToContents);
+  m_list->header()->setStretchLastSection(false);
+  m_list->header()->setSectionResizeMode(kName, QHeaderView::Stretch);
   m_list->header()->setSectionResizeMode(kSize, QHeaderView::ResizeToContents);
-  m_list->setColumnWidth(kName, m_list->fontMetrics().averageCharWidth() * 20);
+  m_list->setMinimumHeight(m_list->header()->sizeHint().height() + 2 * m_list->fontMetrics().height());
+  m_list->viewport()->installEventFilter(this);
   m_contents->setObjectName(QStringLiteral("txtFormat"));
   m_contents->setAccessibleName(tr("Contents of the chosen format"));
   m_contents->setReadOnly(true);
   m_contents->setTabChangesFocus(true);
   m_contents->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   m_contents->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  m_contents->setMinimumHeight(kLeastLines * m_contents->fontMetrics().lineSpacing());
   auto* halves = new QSplitter(Qt::Vertical, this);
   halves->addWidget(m_list);
   halves->addWidget(m_contents);
+  halves->setSizes(kShares);
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(halves);
@@ -75,7 +87,25 @@ void FormatList::Fill() {
     row->setTextAlignment(kNumber, Qt::AlignRight | Qt::AlignVCenter);
     row->setTextAlignment(kSize, Qt::AlignRight | Qt::AlignVCenter);
   }
-  m_contents->setPlainText(count == 0 ? tr("The clipboard holds nothing that can be listed.") : QString());
+  m_contents->setPlainText(count == 0 ? WhyNone() : QString());
+  FitColumns();
+}
+
+QString FormatList::WhyNone() const {
+  const QString failure = m_functions.LastFailure();
+  if (failure.isEmpty()) return tr("The clipboard holds nothing that can be listed.");
+  return tr("The formats of the clipboard cannot be listed: %1.").arg(failure);
+}
+
+// Names get what the others leave, and at least half of it where they stand beside the reason of a failure.
+void FormatList::FitColumns() {
+  // Public in the base only.
+  const QAbstractItemView& view = *m_list;
+  const auto needed = [this, &view](Column column) {
+    return std::max(m_list->header()->sectionSizeHint(column), view.sizeHintForColumn(column));
+  };
+  const int rest = m_list->viewport()->width() - needed(kNumber) - needed(kSize);
+  m_list->setColumnWidth(kTime, std::min(needed(kTime), rest / 2));
 }
 
 // Each in a turn of its own, so that the window stays usable in between.
@@ -101,9 +131,11 @@ void FormatList::ShowRow(std::size_t index) {
   const FormatReading& format = m_formats[index];
   QTreeWidgetItem& row = *m_list->topLevelItem(static_cast<int>(index));
   const QString notYet = format.failure.isEmpty() ? tr("not read yet: choose it to read it") : format.failure;
+  row.setToolTip(kTime, format.failure);
   if (!format.isRead) return row.setText(kTime, notYet);
   row.setText(kSize, format.failure.isEmpty() ? QLocale().toString(format.size) : QString());
   row.setText(kTime, format.failure.isEmpty() ? tr("%1 ms").arg(format.duration) : format.failure);
+  FitColumns();
   if (m_list->currentItem() == &row) ShowChosen();
 }
 
@@ -122,6 +154,11 @@ void FormatList::ShowChosen() {
   const FormatDescription described = DescribeBytes(format.number, format.head, format.head.size() == format.size);
   m_contents->setLineWrapMode(described.isText ? QPlainTextEdit::WidgetWidth : QPlainTextEdit::NoWrap);
   m_contents->setPlainText(described.words);
+}
+
+bool FormatList::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == m_list->viewport() && event->type() == QEvent::Resize) FitColumns();
+  return QWidget::eventFilter(watched, event);
 }
 
 void FormatList::hideEvent(QHideEvent* event) {

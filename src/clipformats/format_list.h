@@ -29,10 +29,13 @@ class FormatList : public QWidget {
   bool IsReading() const { return m_isReading; }
 
  protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void hideEvent(QHideEvent* event) override;
 
  private:
   void Fill();
+  QString WhyNone() const;
+  void FitColumns();
   void ReadNext();
   void Read(std::size_t index);
   void ShowRow(std::size_t index);

@@ -134,7 +134,9 @@ void frmShowClip::Form_Resize() {
   const double height = TwipsFromPixels(Frame1->height()) - kViewTop - kMargin;
   Apply(*txtView, {kViewLeft, kViewTop, width, height});
   Apply(*picView, {kViewLeft, kViewTop, width, height});
-  lstFormats->setGeometry(txtView->geometry().translated(Frame1->pos()));
+  QRect list = txtView->geometry().translated(Frame1->pos());
+  list.setTop(Frame1->y());
+  lstFormats->setGeometry(list);
 }
 
 void frmShowClip::cmdSelectAll_Click() {
