@@ -4,6 +4,7 @@
 #include <QFileInfo>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QSpinBox>
 
 #include "platform/qt/printing/printer_job.h"
 
@@ -21,12 +22,18 @@ void Offer(QPrintDialog& dialog, int pages) {
   dialog.setPrintRange(QAbstractPrintDialog::AllPages);
 }
 
+// Qt's dialog raises the last page to the first one where the user asked for none.
+int LastPageIn(const QPrintDialog& dialog) {
+  const auto* const box = dialog.findChild<QSpinBox*>(QStringLiteral("to"));
+  return box ? std::min(box->value(), dialog.toPage()) : dialog.toPage();
+}
+
 PrintRequest RequestIn(const QPrintDialog& dialog, const QPrinter& printer) {
   PrintRequest request;
   request.copies = std::max(1, printer.copyCount());
   request.hasRange = dialog.printRange() == QAbstractPrintDialog::PageRange;
   request.firstPage = dialog.fromPage();
-  request.lastPage = dialog.toPage();
+  request.lastPage = LastPageIn(dialog);
   return request;
 }
 
