@@ -136,7 +136,10 @@ void PageView::ScrollTo(const Anchor& anchor) {
 }
 
 void PageView::ScrollToCaret() {
-  const QRectF caret = CaretAt(CaretPosition()).adjusted(0, -kCaretRoom, 0, kCaretRoom);
+  QRectF caret = CaretAt(CaretPosition()).adjusted(0, -kCaretRoom, 0, kCaretRoom);
+  const bool inFirstLine = m_text.CaretDots(CaretPosition()).top() <= m_text.CaretDots(0).top();
+  const double sheetTop = SheetRect(0).top() - kGap;
+  if (inFirstLine && caret.bottom() - sheetTop <= viewport()->height()) caret.setTop(sheetTop);
   const auto follow = [](QScrollBar& bar, double first, double last, double shown) {
     if (last > shown) bar.setValue(bar.value() + qCeil(std::min(last - shown, first)));
     else if (first < 0) bar.setValue(bar.value() + qFloor(first));
