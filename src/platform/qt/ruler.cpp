@@ -4,6 +4,7 @@
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QTextTable>
 #include <QToolTip>
 
 #include "platform/qt/rich_text_control.h"
@@ -47,6 +48,13 @@ QPolygonF Triangle(double x, double tip, bool down) {
   return QPolygonF({QPointF(x - kHalfWidth, base), QPointF(x + kHalfWidth, base), QPointF(x, tip)});
 }
 
+// Qt shows an empty paragraph below a table at the end of the table's last row.
+bool IsBesideTable(const QTextBlock& block) {
+  const QTextBlock before = block.previous();
+  return block.length() == 1 && before.isValid() && !QTextCursor(block).currentTable() &&
+         QTextCursor(before).currentTable();
+}
+
 void SortTabs(QList<QTextOption::Tab>& tabs) {
   std::sort(tabs.begin(), tabs.end(), [](const auto& a, const auto& b) { return a.position < b.position; });
 }
@@ -72,7 +80,8 @@ void TXRuler::Refresh() {
   m_shown = scale.shown;
   const double viewLeft = mapFromGlobal(control->mapToGlobal(QPoint())).x() + scale.left;
   const double margin = document->documentMargin() * m_zoom;
-  const double columnLeft = std::max(margin, document->documentLayout()->blockBoundingRect(block).left());
+  const double blockLeft = document->documentLayout()->blockBoundingRect(block).left();
+  const double columnLeft = IsBesideTable(block) ? margin : std::max(margin, blockLeft);
   m_origin = viewLeft + columnLeft * m_shown;
   m_columnWidth = std::max(document->textWidth() - columnLeft - margin, 0.0);
   m_indents = IndentsOf(block, m_zoom);
