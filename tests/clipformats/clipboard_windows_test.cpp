@@ -2,6 +2,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTreeWidget>
@@ -10,6 +11,7 @@
 #include "clipformats/format_content.h"
 #include "clipformats/frm_show_clip.h"
 #include "clipformats/frm_view_and_paste.h"
+#include "clipformats/scaled_picture.h"
 #include "fakes/fake_clipboard.h"
 #include "fakes/fake_clipboard_writer.h"
 #include "fakes/memory_clipboard.h"
@@ -276,6 +278,14 @@ class ClipboardWindowsTest : public QObject {
     PictureView view(nullptr);
     view.SetPicture({Png({4000, 4000}).left(200), "png"});
     QTRY_VERIFY(view.accessibleDescription().startsWith("This picture cannot be shown"));
+  }
+
+  void APictureThatIsTooLargeIsNotReadAtAll() {
+    QByteArray announced = "P6\n20000 20000\n255\n";
+    QBuffer buffer(&announced);
+    buffer.open(QIODevice::ReadOnly);
+    QTest::failOnWarning(QRegularExpression(".*"));
+    QVERIFY(ReadScaled(buffer, "ppm", {300, 200}).image.isNull());
   }
 
   void EveryFormatIsReadOrSaysWhyNot() {
