@@ -15,6 +15,7 @@
 #include <QTextDocument>
 #include <QWheelEvent>
 
+#include "platform/qt/alt_keys.h"
 #include "platform/qt/button_bar.h"
 #include "platform/qt/dialogs/find_replace_dialog.h"
 #include "platform/qt/dialogs/font_dialog.h"
@@ -357,9 +358,16 @@ void RichTextControl::keyPressEvent(QKeyEvent* event) {
   // The menu key itself asks for the menu; this one is a habit of many.
   if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier)
     return ShowTextMenu(*this, viewport()->mapToGlobal(cursorRect().bottomLeft()));
-  if (!event->matches(QKeySequence::Paste)) return QTextEdit::keyPressEvent(event);
-  Paste();
-  event->accept();
+  if (IsUnmeantText(*event)) return event->ignore();
+  const int before = QTextEdit::document()->revision();
+  if (event->matches(QKeySequence::Paste)) {
+    Paste();
+    event->accept();
+  } else {
+    QTextEdit::keyPressEvent(event);
+  }
+  // Keys that come with a character tell of themselves.
+  if (event->text().isEmpty() && QTextEdit::document()->revision() != before) emit Edited();
 }
 
 // Of our own, since Qt's asks the clipboard's owner whether there is something to paste, and waits.

@@ -5,10 +5,12 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include "platform/qt/alt_keys.h"
 #include "platform/qt/dialogs/check_choice.h"
 #include "platform/qt/rich_text_control.h"
 
@@ -27,8 +29,7 @@ bool IsOneLine(const QString& text) {
 }  // namespace
 
 void TextFindDialog::Open(RichTextControl& control, bool withReplace) {
-  auto* dialog = control.findChild<TextFindDialog*>(QString(), Qt::FindDirectChildrenOnly);
-  if (!dialog) dialog = new TextFindDialog(control);
+  TextFindDialog* const dialog = For(control);
   dialog->ShowReplace(withReplace && !control.isReadOnly());
   dialog->TakeSelection();
   dialog->show();
@@ -37,6 +38,29 @@ void TextFindDialog::Open(RichTextControl& control, bool withReplace) {
   dialog->m_what->setFocus();
   dialog->m_what->selectAll();
   dialog->KeepOutOfTheWay();
+}
+
+// The window of another text would look the same, so it makes room for this one.
+TextFindDialog* TextFindDialog::For(RichTextControl& control) {
+  static QPointer<TextFindDialog> last;
+  if (last && &last->m_control == &control) return last;
+  auto* const dialog = new TextFindDialog(control);
+  if (last) {
+    dialog->TakeOver(*last);
+    last->hide();
+    last->deleteLater();
+  }
+  last = dialog;
+  return dialog;
+}
+
+void TextFindDialog::TakeOver(const TextFindDialog& other) {
+  m_what->setText(other.m_what->text());
+  m_with->setText(other.m_with->text());
+  m_matchCase->setChecked(other.m_matchCase->isChecked());
+  m_wholeWords->setChecked(other.m_wholeWords->isChecked());
+  m_backwards->setChecked(other.m_backwards->isChecked());
+  if (other.isVisible()) move(other.pos());
 }
 
 TextFindDialog::TextFindDialog(RichTextControl& control)
@@ -55,6 +79,7 @@ TextFindDialog::TextFindDialog(RichTextControl& control)
   setObjectName(QStringLiteral("FindReplaceDialog"));
   Build();
   control.installEventFilter(this);
+  for (QLineEdit* field : {m_what, m_with}) field->installEventFilter(this);
   connect(m_what, &QLineEdit::textChanged, this, &TextFindDialog::OfferButtons);
   connect(m_find, &QPushButton::clicked, this, &TextFindDialog::FindNext);
   connect(m_replace, &QPushButton::clicked, this, &TextFindDialog::ReplaceOne);
@@ -187,7 +212,9 @@ void TextFindDialog::KeepOutOfTheWay() {
 }
 
 bool TextFindDialog::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::Hide && !event->spontaneous()) hide();
+  if (watched == &m_control && event->type() == QEvent::Hide && !event->spontaneous()) hide();
+  const bool isKey = watched != &m_control && event->type() == QEvent::KeyPress;
+  if (isKey && IsUnmeantText(*static_cast<QKeyEvent*>(event))) return true;
   return QDialog::eventFilter(watched, event);
 }
 

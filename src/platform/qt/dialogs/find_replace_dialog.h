@@ -14,13 +14,13 @@ namespace snipdeck {
 class RichTextControl;
 
 /// Finds and replaces in one control while its text stays usable. The dialog is shown until it is closed or its control
-/// is hidden, and keeps what was looked for.
+/// is hidden, and keeps what was looked for. There is one at a time: that of the text which was asked last.
 class TextFindDialog : public QDialog {
   Q_OBJECT
 
  public:
-  /// Shows the dialog of `control`, or brings the one that it has to the front; what is selected becomes what is looked
-  /// for.
+  /// Shows the dialog of `control`, in place of that of another text, or brings the one that it has to the front; what
+  /// is selected becomes what is looked for.
   static void Open(RichTextControl& control, bool withReplace);
 
   void FindNext();
@@ -33,6 +33,8 @@ class TextFindDialog : public QDialog {
 
  private:
   explicit TextFindDialog(RichTextControl& control);
+  static TextFindDialog* For(RichTextControl& control);
+  void TakeOver(const TextFindDialog& other);
   void Build();
   void ShowReplace(bool shown);
   void TakeSelection();
