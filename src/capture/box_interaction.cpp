@@ -4,6 +4,8 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 
+#include "platform/qt/alt_keys.h"
+
 namespace snipdeck {
 
 namespace {
@@ -45,7 +47,7 @@ bool BoxInteraction::eventFilter(QObject* watched, QEvent* event) {
   if (control && event->type() == QEvent::KeyPress) {
     const auto& key = static_cast<const QKeyEvent&>(*event);
     if (m_keys.Handle(*control, key)) return true;
-    NoteTyping(*control, key.text());
+    if (!IsUnmeantText(key)) NoteTyping(*control, key.text());
   }
   if (control && event->type() == QEvent::InputMethod)
     NoteTyping(*control, static_cast<const QInputMethodEvent*>(event)->commitString());
@@ -89,6 +91,7 @@ void BoxInteraction::WriteBack() {
     RichTextControl& box = m_boxes.Box(m_boxes.FocusedBox);
     box.SetText(QString());
     box.SetSelRichText(large.SelRichText());
+    box.ClearUndoHistory();  // the step before would be the empty box
   }
   LeaveLargeView();
 }
