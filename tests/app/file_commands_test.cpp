@@ -146,7 +146,7 @@ class FileCommandsTest : public QObject {
     stage.ExpectSave("Specify a name for file", stage.Path("a.html"), stage.Path("b.rtf"));
     const QString reason = WriteWholeFile(stage.Path("b.rtf"), "x").Error().text;
     stage.messages.Expect(
-        {.text = "Cannot save this file:\r\n\r\n" + stage.Path("b.rtf") + "\r\n\r\n" + reason + " (1d09)",
+        {.text = "Cannot save this file:\r\n\r\n" + stage.Path("b.rtf") + "\r\n\r\n" + reason,
          .icon = MessageIcon::Exclamation},
         MessageAnswer::Ok);
     stage.window.mnuSaveAs_Click();

@@ -200,11 +200,12 @@ class RichTextControl : public QTextEdit {
  signals:
   /// The user works in this control: it received the focus or a click.
   void Activity();
-  /// The user has changed the text by other means than keys: the context menu, a dialog, or dragging.
+  /// The user has changed the text by other means than keys that come with a character: the context menu, a dialog,
+  /// dragging, or Shift+Insert.
   void Edited();
   void ZoomChanged(int percent);
-  /// A load or save failed. The description names path and reason, and ends with "(1d09)" for a save. A receiver that
-  /// clears `isShown` keeps the control from showing it.
+  /// A load or save failed. The description names path and reason, and ends with "(1d09)" for a save, which the
+  /// control does not show. A receiver that clears `isShown` keeps it from showing anything.
   void Error(int number, const QString& description, bool* isShown);
   /// Another view mode, or page view shows another part of the sheets.
   void ViewChanged();
@@ -236,7 +237,7 @@ class RichTextControl : public QTextEdit {
   void Insert(const RichText& text, QTextCursor& cursor);
   int LastPosition() const;
   Outcome SaveTo(const QString& path, FileFormat format);
-  void ReportFailure(int number, const QString& description);
+  void ReportFailure(int number, const QString& description, const QString& code = QString());
   void PlaceCaret(const QTextCursor& cursor, bool inView);
   bool SelectionHas(bool (*attribute)(const QTextCharFormat&)) const;
 

@@ -53,14 +53,21 @@ Result<RichText> Read(LongWork* work, const QString& path, FileFormat format) {
   return isWanted ? text : Cancelled();
 }
 
-// A copy is written, since the text may be added to meanwhile.
+// Of a document that nothing changes meanwhile.
 Outcome Write(LongWork* work, const QTextDocument& document, const QString& path, FileFormat format) {
   if (!work) return WriteDocumentFile(document, path, format);
-  const RichText copy = RichText::FromDocument(document);
   Outcome saved = Cancelled();
   work->Run(RichTextControl::tr("Saving %1 ...").arg(FileName(path)),
-            [&](const auto& step) { saved = WriteDocumentFile(copy.Document(), path, format, step); });
+            [&](const auto& step) { saved = WriteDocumentFile(document, path, format, step); });
   return saved;
+}
+
+bool NamesItsPage(const QTextDocument& document) {
+  const QTextFrameFormat format = document.rootFrame()->frameFormat();
+  for (int i = 0; i < kPageAttributes; ++i) {
+    if (!format.hasProperty(PageProperty(i))) return false;
+  }
+  return true;
 }
 
 }  // namespace
@@ -96,34 +103,41 @@ Outcome RichTextControl::LoadFile(const QString& path, int, FileFormat format) {
   return Done{};
 }
 
-// The attributes are the document's page as a rule; a host that set others saves those with the text.
+// Attributes that the host has set are saved with the text, also where they say what a reader would take anyway: another
+// program takes something else. A copy is written, since the text may be added to meanwhile.
 Outcome RichTextControl::SaveTo(const QString& path, FileFormat format) {
   PageGeometry page = PageOf(*document());
   int* const values[kPageAttributes] = {&page.width, &page.height, &page.left, &page.top, &page.right, &page.bottom};
+  bool isSet = false;
   for (int i = 0; i < kPageAttributes; ++i) {
-    if (LoadSaveAttribute(i) > 0) *values[i] = LoadSaveAttribute(i);
+    if (LoadSaveAttribute(i) <= 0) continue;
+    *values[i] = LoadSaveAttribute(i);
+    isSet = true;
   }
-  if (page == PageOf(*document())) return Write(m_longWork, *document(), path, format);
+  if (!isSet || (page == PageOf(*document()) && NamesItsPage(*document()))) {
+    if (!m_longWork) return Write(nullptr, *document(), path, format);
+    return Write(m_longWork, RichText::FromDocument(*document()).Document(), path, format);
+  }
   QTextDocument copy;
   copy.setUndoRedoEnabled(false);
   copy.setDefaultFont(document()->defaultFont());
   QTextCursor cursor(&copy);
   RichText::FromDocument(*document()).InsertAt(cursor);
   SetPageOf(copy, page);
-  return WriteDocumentFile(copy, path, format);
+  return Write(m_longWork, copy, path, format);
 }
 
 Outcome RichTextControl::SaveFile(const QString& path, int, FileFormat format) {
   const Outcome saved = SaveTo(path, format);
   if (saved || IsCancelled(saved.Error())) return saved;
   const QString description = FailureText(QStringLiteral("Cannot save this file:"), path, saved.Error());
-  ReportFailure(kSaveFailed, description + QStringLiteral(" (%1)").arg(kSaveFailed, 4, 16, QLatin1Char('0')));
+  ReportFailure(kSaveFailed, description, QStringLiteral(" (%1)").arg(kSaveFailed, 4, 16, QLatin1Char('0')));
   return saved;
 }
 
-void RichTextControl::ReportFailure(int number, const QString& description) {
+void RichTextControl::ReportFailure(int number, const QString& description, const QString& code) {
   bool isShown = true;
-  emit Error(number, description, &isShown);
+  emit Error(number, description + code, &isShown);
   if (isShown && m_messages) m_messages->Show({.text = description, .icon = MessageIcon::Exclamation});
 }
 
