@@ -109,6 +109,7 @@ class BoxInteractionTest : public QObject {
     row("Alt+F3", Qt::Key_F3, kA, "", "pages");
     row("Ctrl+A", Qt::Key_A, kC, "all");
     row("Tab", Qt::Key_Tab, {}, "[tab] words, altered");
+    row("Shift+Insert", Qt::Key_Insert, kS, "pasted words, altered");
     row("Ctrl+Shift+L", Qt::Key_L, kC | kS, "left 0");
     row("Ctrl+Shift+R", Qt::Key_R, kC | kS, "right 0");
     row("Ctrl+Alt+L", Qt::Key_L, kC | kA, "left 1");
@@ -144,6 +145,8 @@ class BoxInteractionTest : public QObject {
     QCOMPARE(KeyTrial(stage.boxes.Box(2)).Press(stage, Qt::Key_Right, {}), QString());
     QCOMPARE(KeyTrial(stage.boxes.Box(2)).Press(stage, Qt::Key_E, {}, "e"), QString("e words, altered"));
     QCOMPARE(KeyTrial(stage.boxes.TXTextControl2()).Press(stage, Qt::Key_E, {}, "e"), QString("e words"));
+    QCOMPARE(KeyTrial(stage.boxes.Box(2)).Press(stage, Qt::Key_Q, kA, "q"), QString());
+    QCOMPARE(KeyTrial(stage.boxes.Box(2)).Press(stage, Qt::Key_Q, kC | kA, "@"), QString("@ words, altered"));
 
     stage.boxes.BoxesAltered = false;
     QInputMethodEvent composed;

@@ -198,6 +198,26 @@ class ControlDialogsTest : public QObject {
     QVERIFY(!dialog->isVisible());
   }
 
+  void OneFindWindowFollowsTheTextAskedLast() {
+    RichTextControl first;
+    RichTextControl second;
+    first.show();
+    second.show();
+    first.FindReplaceDialog(1);
+    first.findChild<TextFindDialog*>()->findChild<QLineEdit*>()->setText("word");
+    second.FindReplaceDialog(1);
+    const auto* left = first.findChild<TextFindDialog*>();
+    QVERIFY(!left || !left->isVisible());
+    auto* dialog = second.findChild<TextFindDialog*>();
+    QVERIFY(dialog && dialog->isVisible());
+    auto* field = dialog->findChild<QLineEdit*>();
+    QCOMPARE(field->text(), QString("word"));
+    QTest::keyClick(field, Qt::Key_Q, Qt::AltModifier);
+    QCOMPARE(field->text(), QString("word"));
+    QTest::keyClick(field, Qt::Key_Escape);
+    QVERIFY(!dialog->isVisible());
+  }
+
   void ReplacingKeepsFormatsAndCounts() {
     RichTextControl control;
     control.SetSelRtf("{\\rtf1 cat {\\b cat} catalogue\\par Cat}");
