@@ -1,8 +1,11 @@
 #include "platform/qt/normal_state.h"
 
+#include <functional>
+
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QTimer>
+#include <QWindow>
 
 namespace snipdeck {
 
@@ -10,6 +13,18 @@ namespace {
 
 constexpr int kLongestWait = 500;  // milliseconds
 constexpr int kWakeEvery = 10;     // milliseconds
+/// Many window managers give a normal window another frame than a maximised one, and tell it a little later.
+constexpr int kFrameFollowsWithin = 100;  // milliseconds
+
+QMargins FrameOf(const QWidget& window) {
+  return window.windowHandle() ? window.windowHandle()->frameMargins() : QMargins();
+}
+
+void HandleEventsWhile(const std::function<bool()>& condition, int milliseconds) {
+  const QDeadlineTimer deadline(milliseconds);
+  while (condition() && !deadline.hasExpired())
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
+}
 
 }  // namespace
 
@@ -17,12 +32,12 @@ void BringToNormalState(QWidget& window) {
   constexpr Qt::WindowStates kOther = Qt::WindowMaximized | Qt::WindowMinimized | Qt::WindowFullScreen;
   if (!(window.windowState() & kOther)) return;
   const QRect before = window.geometry();
+  const QMargins frame = FrameOf(window);
   window.setWindowState(window.windowState() & ~kOther);
-  const QDeadlineTimer deadline(kLongestWait);
   QTimer wake;
   wake.start(kWakeEvery);
-  while (window.geometry() == before && !deadline.hasExpired())
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
+  HandleEventsWhile([&] { return window.geometry() == before; }, kLongestWait);
+  HandleEventsWhile([&] { return FrameOf(window) == frame; }, kFrameFollowsWithin);
 }
 
 }  // namespace snipdeck
