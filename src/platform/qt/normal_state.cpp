@@ -5,7 +5,6 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QTimer>
-#include <QWindow>
 
 namespace snipdeck {
 
@@ -14,11 +13,7 @@ namespace {
 constexpr int kLongestWait = 500;  // milliseconds
 constexpr int kWakeEvery = 10;     // milliseconds
 /// Many window managers give a normal window another frame than a maximised one, and tell it a little later.
-constexpr int kFrameFollowsWithin = 100;  // milliseconds
-
-QMargins FrameOf(const QWidget& window) {
-  return window.windowHandle() ? window.windowHandle()->frameMargins() : QMargins();
-}
+constexpr int kFrameFollowsWithin = 200;  // milliseconds
 
 void HandleEventsWhile(const std::function<bool()>& condition, int milliseconds) {
   const QDeadlineTimer deadline(milliseconds);
@@ -32,12 +27,11 @@ void BringToNormalState(QWidget& window) {
   constexpr Qt::WindowStates kOther = Qt::WindowMaximized | Qt::WindowMinimized | Qt::WindowFullScreen;
   if (!(window.windowState() & kOther)) return;
   const QRect before = window.geometry();
-  const QMargins frame = FrameOf(window);
   window.setWindowState(window.windowState() & ~kOther);
   QTimer wake;
   wake.start(kWakeEvery);
   HandleEventsWhile([&] { return window.geometry() == before; }, kLongestWait);
-  HandleEventsWhile([&] { return FrameOf(window) == frame; }, kFrameFollowsWithin);
+  HandleEventsWhile([] { return true; }, kFrameFollowsWithin);
 }
 
 }  // namespace snipdeck
