@@ -16,6 +16,7 @@
 #include "dialogs/frm_txt_info.h"
 #include "platform/menu_colours.h"
 #include "platform/qt/command_button.h"
+#include "platform/qt/dialogs/dialog_button.h"
 #include "platform/qt/menu_style.h"
 #include "platform/units.h"
 
@@ -114,9 +115,7 @@ QWidget* frmMyMsgBox::MakeChoices() {
 QLayout* frmMyMsgBox::MakeAnswers() {
   auto* row = new QHBoxLayout;
   const auto add = [&](const char* name, const QString& caption, const QString& toolTip, auto handler) {
-    auto* button = new QPushButton(caption);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setToolTip(toolTip);
+    QPushButton* button = DialogButton(name, caption, toolTip);
     connect(button, &QPushButton::clicked, this, handler);
     row->addWidget(button);
     return button;

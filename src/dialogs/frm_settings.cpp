@@ -10,6 +10,7 @@
 #include <QPushButton>
 
 #include "platform/qt/command_button.h"
+#include "platform/qt/dialogs/dialog_button.h"
 
 namespace snipdeck {
 
@@ -26,13 +27,6 @@ QCheckBox* MakeCheck(const char* name, const QString& caption, const QString& to
   box->setToolTip(toolTip);
   box->setChecked(value == kYes);
   return box;
-}
-
-QPushButton* MakeButton(const char* name, const QString& caption, const QString& toolTip) {
-  auto* button = new QPushButton(caption);
-  button->setObjectName(QString::fromLatin1(name));
-  button->setToolTip(toolTip);
-  return button;
 }
 
 std::int16_t ValueOf(bool checked) {
@@ -63,7 +57,7 @@ frmSettings::frmSettings(const SettingsDialogServices& services, QWidget* owner)
   column->addWidget(MakeStartGroup());
   column->addWidget(MakeLooksGroup());
   column->addWidget(MakeFilesGroup());
-  QPushButton* close = MakeButton("cmdClose", tr("&Close"), tr("Close this window; every change is already kept"));
+  QPushButton* close = DialogButton("cmdClose", tr("&Close"), tr("Close this window; every change is already kept"));
   close->setDefault(true);
   connect(close, &QPushButton::clicked, this, &QDialog::accept);
   column->addStretch(1);
@@ -101,7 +95,7 @@ QWidget* frmSettings::MakeLooksGroup() {
   grid->addWidget(use, 0, 0, 1, 3);
   int place = 0;
   const auto add = [&](const char* name, const QString& caption, const QString& toolTip, auto handler) {
-    QPushButton* button = MakeButton(name, caption, toolTip);
+    QPushButton* button = DialogButton(name, caption, toolTip);
     connect(button, &QPushButton::clicked, this, handler);
     grid->addWidget(button, 1, place++);
   };

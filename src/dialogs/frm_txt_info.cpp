@@ -8,6 +8,7 @@
 
 #include "dialogs/properties_sheet.h"
 #include "platform/copy_notice.h"
+#include "platform/qt/dialogs/dialog_button.h"
 
 namespace snipdeck {
 
@@ -68,9 +69,7 @@ QWidget* frmTxtInfo::MakeButtons() {
   row->setContentsMargins(0, 0, 0, 0);
   row->addStretch(1);
   const auto add = [&](const char* name, const QString& caption, const QString& toolTip, auto handler) {
-    auto* button = new QPushButton(caption);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setToolTip(toolTip);
+    QPushButton* button = DialogButton(name, caption, toolTip);
     connect(button, &QPushButton::clicked, this, handler);
     row->addWidget(button);
     return button;

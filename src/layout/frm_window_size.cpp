@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "layout/window_sizes.h"
+#include "platform/qt/dialogs/dialog_button.h"
 
 namespace snipdeck {
 
@@ -97,9 +98,7 @@ QWidget* frmWindowSize::MakeButtons() {
   auto* row = new QHBoxLayout(buttons);
   row->setContentsMargins(0, kEdge, 0, 0);
   const auto add = [&](const char* name, const QString& caption, const QString& toolTip, auto handler) {
-    auto* button = new QPushButton(caption);
-    button->setObjectName(QString::fromLatin1(name));
-    button->setToolTip(toolTip);
+    QPushButton* button = DialogButton(name, caption, toolTip);
     connect(button, &QPushButton::clicked, this, handler);
     row->addWidget(button);
     return button;

@@ -50,6 +50,11 @@ QList<QTextOption::Tab> ShiftedTabs(QList<QTextOption::Tab> tabs, double pixels)
   return tabs;
 }
 
+int ListSteps(const QTextBlock& block) {
+  const QTextList* const list = block.textList();
+  return block.blockFormat().indent() + (list ? list->format().indent() : 0);
+}
+
 ListPlace PlaceInList(const QTextBlock& block) {
   const QTextList* const list = block.textList();
   if (!list) return {};

@@ -26,6 +26,9 @@ double PointSize(const QTextCharFormat& format, const QFont& defaults);
 double TabOrigin(const QTextBlockFormat& format, int steps, double stepWidth);
 QList<QTextOption::Tab> ShiftedTabs(QList<QTextOption::Tab> tabs, double pixels);
 
+/// How many steps a paragraph is indented beside its margin: its own and those of its list.
+int ListSteps(const QTextBlock& block);
+
 /// Where a paragraph of a list stands: the depth from 0, and what tells its list from others.
 struct ListPlace {
   int level = 0;

@@ -47,11 +47,6 @@ void Tabs(RtfOutput& out, const QList<QTextOption::Tab>& tabs) {
   }
 }
 
-int ListSteps(const QTextBlock& block) {
-  const QTextList* const list = block.textList();
-  return block.blockFormat().indent() + (list ? list->format().indent() : 0);
-}
-
 }  // namespace
 
 const RtfOutput& RtfParagraphWords::For(const QTextBlock& block) {

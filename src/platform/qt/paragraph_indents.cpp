@@ -2,15 +2,15 @@
 
 #include <QTextCursor>
 #include <QTextDocument>
-#include <QTextList>
+
+#include "richtext/format_values.h"
 
 namespace snipdeck {
 
 ParagraphIndents IndentsOf(const QTextBlock& block, double zoom) {
   const QTextBlockFormat format = block.blockFormat();
-  const int levels = format.indent() + (block.textList() ? block.textList()->format().indent() : 0);
   ParagraphIndents indents;
-  indents.listShare = levels * zoom * block.document()->indentWidth();
+  indents.listShare = ListSteps(block) * zoom * block.document()->indentWidth();
   indents.left = indents.listShare + format.leftMargin();
   indents.firstLine = indents.left + format.textIndent();
   indents.right = format.rightMargin();

@@ -135,11 +135,6 @@ void WriteSpacingAround(XmlOut& out, const QTextBlockFormat& format) {
                                                                                        : "atLeast"));
 }
 
-int ListSteps(const QTextBlock& block) {
-  const QTextList* const list = block.textList();
-  return block.blockFormat().indent() + (list ? list->format().indent() : 0);
-}
-
 void WriteIndents(XmlOut& out, const QTextBlock& block, double indentWidth) {
   const QTextBlockFormat format = block.blockFormat();
   const QTextList* const list = block.textList();

@@ -5,7 +5,8 @@
 #include <QStyle>
 #include <QTextDocument>
 #include <QTextLayout>
-#include <QTextList>
+
+#include "richtext/format_values.h"
 
 namespace snipdeck {
 
@@ -51,9 +52,7 @@ double SpaceAbove(const QTextBlock& block, const TextColumn& column) {
 }
 
 double IndentOf(const QTextBlock& block, const TextColumn& column) {
-  const QTextList* const list = block.textList();
-  const int steps = block.blockFormat().indent() + (list ? list->format().indent() : 0);
-  return steps * block.document()->indentWidth() * column.scale;
+  return ListSteps(block) * block.document()->indentWidth() * column.scale;
 }
 
 double PlaceLines(const QTextBlock& block, const TextColumn& column) {
