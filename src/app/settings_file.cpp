@@ -6,7 +6,7 @@
 #include "app/settings_number.h"
 #include "app/settings_table.h"
 #include "platform/whole_file.h"
-#include "richtext/code_pages.h"
+#include "richtext/text/code_pages.h"
 
 namespace snipdeck {
 

@@ -7,7 +7,7 @@
 #include <QScopedValueRollback>
 #include <QTimer>
 
-#include "richtext/html_writer.h"
+#include "richtext/html/html_writer.h"
 
 namespace snipdeck {
 

@@ -6,7 +6,7 @@
 #include <QTextDocument>
 #include <QTextFrame>
 
-#include "richtext/rtf_writer.h"
+#include "richtext/rtf/rtf_writer.h"
 
 namespace snipdeck {
 

@@ -5,7 +5,7 @@
 
 #include <QStringDecoder>
 
-#include "richtext/text_decoder.h"
+#include "richtext/text/text_decoder.h"
 
 namespace snipdeck {
 

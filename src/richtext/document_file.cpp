@@ -10,14 +10,14 @@
 #include "richtext/docx/docx_reader.h"
 #include "richtext/docx/docx_writer.h"
 #include "richtext/flow_text.h"
-#include "richtext/html_reader.h"
-#include "richtext/html_writer.h"
+#include "richtext/html/html_reader.h"
+#include "richtext/html/html_writer.h"
 #include "richtext/pdf/pdf_reader.h"
 #include "richtext/pdf/pdf_writer.h"
-#include "richtext/rtf_reader.h"
-#include "richtext/rtf_writer.h"
-#include "richtext/text_decoder.h"
-#include "richtext/text_writer.h"
+#include "richtext/rtf/rtf_reader.h"
+#include "richtext/rtf/rtf_writer.h"
+#include "richtext/text/text_decoder.h"
+#include "richtext/text/text_writer.h"
 #include "richtext/xlsx/xlsx_reader.h"
 #include "richtext/xlsx/xlsx_writer.h"
 #include "richtext/xml/xhtml.h"
@@ -80,7 +80,6 @@ Result<QByteArray> WriteCssFile(const QTextDocument& document, const FileProgres
   return WriteStyleSheet(document);
 }
 
-
 Result<QByteArray> WriteTextFile(const QTextDocument& document, const FileProgress&) {
   return WriteText(document).toUtf8();
 }
@@ -100,14 +99,10 @@ struct Codec {
 };
 
 constexpr std::array kCodecs = {
-    Codec{FileFormat::PlainText, ReadText, WriteTextFile},
-    Codec{FileFormat::Html, ReadHtmlFile, WriteHtmlFile},
-    Codec{FileFormat::Rtf, ReadRtfFile, WriteRtfFile},
-    Codec{FileFormat::Doc, ReadDocFile, WriteDocFile},
-    Codec{FileFormat::Xml, ReadXmlFile, WriteXmlFile},
-    Codec{FileFormat::Css, ReadText, WriteCssFile},
-    Codec{FileFormat::Pdf, ReadFlow<ReadPdf>, WritePdf},
-    Codec{FileFormat::Docx, ReadFlow<ReadDocx>, WriteDocx},
+    Codec{FileFormat::PlainText, ReadText, WriteTextFile},  Codec{FileFormat::Html, ReadHtmlFile, WriteHtmlFile},
+    Codec{FileFormat::Rtf, ReadRtfFile, WriteRtfFile},      Codec{FileFormat::Doc, ReadDocFile, WriteDocFile},
+    Codec{FileFormat::Xml, ReadXmlFile, WriteXmlFile},      Codec{FileFormat::Css, ReadText, WriteCssFile},
+    Codec{FileFormat::Pdf, ReadFlow<ReadPdf>, WritePdf},    Codec{FileFormat::Docx, ReadFlow<ReadDocx>, WriteDocx},
     Codec{FileFormat::Xlsx, ReadFlow<ReadXlsx>, WriteXlsx},
 };
 
@@ -118,7 +113,8 @@ const Codec* FindCodec(FileFormat format) {
 }
 
 Failure Unknown(FileFormat format) {
-  return {Failure::Kind::Unsupported, QStringLiteral("Files of format %1 are not known.").arg(static_cast<int>(format))};
+  return {Failure::Kind::Unsupported,
+          QStringLiteral("Files of format %1 are not known.").arg(static_cast<int>(format))};
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "richtext/rtf_picture.h"
+#include "richtext/rtf/rtf_picture.h"
 
 namespace snipdeck {
 

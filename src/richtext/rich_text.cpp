@@ -5,17 +5,17 @@
 
 #include "richtext/document_copier.h"
 #include "richtext/flow_text.h"
-#include "richtext/html_reader.h"
-#include "richtext/rtf_reader.h"
-#include "richtext/rtf_writer.h"
+#include "richtext/html/html_reader.h"
+#include "richtext/rtf/rtf_reader.h"
+#include "richtext/rtf/rtf_writer.h"
 #include "richtext/safe_document.h"
-#include "richtext/text_decoder.h"
-#include "richtext/text_writer.h"
+#include "richtext/text/text_decoder.h"
+#include "richtext/text/text_writer.h"
 
 namespace snipdeck {
 
-/// Plain text and text that was read from RTF stay as their reader left them until somebody asks for a document: most of it only goes on
-/// into the documents of boxes.
+/// Plain text and text that was read from RTF stay as their reader left them until somebody asks for a document: most
+/// of it only goes on into the documents of boxes.
 struct RichText::Data {
   std::shared_ptr<const FlowText> flow;  ///< The text, until `document` is made of it.
   SafeDocument document;

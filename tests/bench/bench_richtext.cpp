@@ -15,8 +15,8 @@
 #include <QTextDocument>
 
 #include "richtext/rich_text.h"
-#include "richtext/rtf_reader.h"
-#include "richtext/rtf_writer.h"
+#include "richtext/rtf/rtf_reader.h"
+#include "richtext/rtf/rtf_writer.h"
 #include "richtext/safe_document.h"
 
 using namespace snipdeck;

@@ -2,7 +2,7 @@
 
 #include <QGuiApplication>
 
-#include "richtext/html_writer.h"
+#include "richtext/html/html_writer.h"
 #include "richtext/rich_text.h"
 
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {

@@ -4,7 +4,7 @@
 #include <QTextBlock>
 #include <QTextDocument>
 
-#include "richtext/rtf_reader.h"
+#include "richtext/rtf/rtf_reader.h"
 #include "richtext/safe_document.h"
 
 namespace {

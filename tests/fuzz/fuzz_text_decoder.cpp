@@ -4,7 +4,7 @@
 
 #include <QCoreApplication>
 
-#include "richtext/text_decoder.h"
+#include "richtext/text/text_decoder.h"
 
 extern "C" int LLVMFuzzerInitialize(int*, char***) {
   return 0;

@@ -4,7 +4,7 @@
 #include <QTextTable>
 
 #include "richtext/document_compare.h"
-#include "richtext/html_writer.h"
+#include "richtext/html/html_writer.h"
 #include "richtext/rich_text.h"
 
 using namespace snipdeck;

@@ -3,13 +3,13 @@
 #include <QTextDocument>
 
 #include "richtext/document_compare.h"
-#include "richtext/html_writer.h"
+#include "richtext/html/html_writer.h"
 #include "richtext/random_document.h"
 #include "richtext/rich_text.h"
-#include "richtext/rtf_reader.h"
-#include "richtext/rtf_writer.h"
+#include "richtext/rtf/rtf_reader.h"
+#include "richtext/rtf/rtf_writer.h"
 #include "richtext/safe_document.h"
-#include "richtext/text_writer.h"
+#include "richtext/text/text_writer.h"
 
 using namespace snipdeck;
 

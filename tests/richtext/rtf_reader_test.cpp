@@ -2,7 +2,7 @@
 // new description is written to <feature>.new in the working directory; once it is known to be right, it takes the old
 // one's place.
 
-#include "richtext/rtf_reader.h"
+#include "richtext/rtf/rtf_reader.h"
 
 #include <ctime>
 
@@ -13,7 +13,7 @@
 
 #include "richtext/document_compare.h"
 #include "richtext/format_properties.h"
-#include "richtext/rtf_tokenizer.h"
+#include "richtext/rtf/rtf_tokenizer.h"
 #include "richtext/safe_document.h"
 
 using namespace snipdeck;

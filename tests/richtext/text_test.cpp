@@ -1,6 +1,6 @@
 #include <QTest>
 
-#include "richtext/text_decoder.h"
+#include "richtext/text/text_decoder.h"
 #include "storage/file_types.h"
 
 using namespace snipdeck;

@@ -10,7 +10,7 @@
 
 #include "richtext/document_file.h"
 #include "richtext/rich_text.h"
-#include "richtext/text_writer.h"
+#include "richtext/text/text_writer.h"
 #include "storage/file_types.h"
 
 using namespace snipdeck;

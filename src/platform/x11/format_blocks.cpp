@@ -8,8 +8,8 @@
 #include <QUrl>
 #include <QtEndian>
 
-#include "richtext/code_page_1252.h"
-#include "richtext/text_decoder.h"
+#include "richtext/text/code_page_1252.h"
+#include "richtext/text/text_decoder.h"
 
 namespace snipdeck {
 

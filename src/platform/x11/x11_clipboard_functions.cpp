@@ -5,7 +5,7 @@
 #include "platform/x11/event_pause.h"
 #include "platform/x11/format_blocks.h"
 #include "platform/x11/target_content.h"
-#include "richtext/text_decoder.h"
+#include "richtext/text/text_decoder.h"
 
 namespace snipdeck {
 

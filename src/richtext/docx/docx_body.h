@@ -7,7 +7,7 @@
 #include "richtext/docx/docx_notes.h"
 #include "richtext/flow_text.h"
 #include "richtext/ooxml/zip_package.h"
-#include "richtext/rtf_picture.h"
+#include "richtext/rtf/rtf_picture.h"
 
 namespace snipdeck {
 
@@ -24,8 +24,8 @@ struct DocxContext {
   std::function<bool(double)> progress;  ///< Asked now and then whether to go on; may be empty.
 };
 
-/// Reads one story: elements on the level of paragraphs, runs, and tables, into a flow. Changes that were tracked show as
-/// if they were accepted. Nesting is bounded.
+/// Reads one story: elements on the level of paragraphs, runs, and tables, into a flow. Changes that were tracked show
+/// as if they were accepted. Nesting is bounded.
 class DocxBody {
  public:
   DocxBody(DocxContext& context, const Relationships& relationships)
@@ -94,7 +94,7 @@ class DocxBody {
   QString m_link;
   QString m_noteMark;
   QSize m_pictureSize;  ///< Twips
-  Flow m_held;  ///< Runs of paragraphs whose end was deleted; the next paragraph begins with them.
+  Flow m_held;          ///< Runs of paragraphs whose end was deleted; the next paragraph begins with them.
   QTextCharFormat m_tableRun;
   QTextBlockFormat m_tableParagraph;
   bool m_breakBefore = false;   ///< The next paragraph begins a page.

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "richtext/rtf_fields.h"
+#include "richtext/rtf/rtf_fields.h"
 
 namespace snipdeck {
 namespace {
@@ -37,7 +37,8 @@ bool DocxFields::ShowsText() const {
 }
 
 QString DocxFields::Link() const {
-  const auto link = std::find_if(m_fields.rbegin(), m_fields.rend(), [](const Field& field) { return !field.link.isEmpty(); });
+  const auto link =
+      std::find_if(m_fields.rbegin(), m_fields.rend(), [](const Field& field) { return !field.link.isEmpty(); });
   return link == m_fields.rend() ? QString() : link->link;
 }
 

@@ -2,7 +2,7 @@
 
 #include "richtext/docx/docx_numbering.h"
 #include "richtext/docx/docx_styles.h"
-#include "richtext/rtf_list_numbering.h"
+#include "richtext/rtf/rtf_list_numbering.h"
 
 namespace snipdeck {
 

@@ -7,7 +7,7 @@
 
 #include "platform/units.h"
 #include "richtext/docx/docx_body.h"
-#include "richtext/rtf_symbols.h"
+#include "richtext/rtf/rtf_symbols.h"
 
 namespace snipdeck {
 namespace {
@@ -43,7 +43,8 @@ QString Cleaned(QStringView text, RtfSymbolFont symbols) {
 
 /// A length in a style attribute, as "12.5pt", in twips; 0 when there is none.
 int StyleLength(const QString& style, const char* name) {
-  const QRegularExpression length(QStringLiteral("(?:^|;)\\s*%1\\s*:\\s*([0-9.]+)(pt|in|cm|mm|px)?").arg(QLatin1String(name)));
+  const QRegularExpression length(
+      QStringLiteral("(?:^|;)\\s*%1\\s*:\\s*([0-9.]+)(pt|in|cm|mm|px)?").arg(QLatin1String(name)));
   const QRegularExpressionMatch match = length.match(style.left(1000));
   const QString unit = match.captured(2);
   const double perUnit = unit == QLatin1String("in")   ? 1440
@@ -140,7 +141,7 @@ void DocxBody::Symbol(XmlPart& xml) {
   const RtfSymbolFont font = RtfFonts::SymbolKind(xml.Value("font"));
   if (code > kPrivateUse && code <= kPrivateUse + 0xFF) code -= kPrivateUse;
   const QChar symbol(code <= 0xFF && font != RtfSymbolFont::None ? SymbolToUnicode(font, static_cast<int>(code))
-                                                                  : static_cast<char16_t>(code));
+                                                                 : static_cast<char16_t>(code));
   AddText(QStringView(&symbol, 1));
 }
 
@@ -184,12 +185,14 @@ void DocxBody::VmlSize(const QString& style) {
 void DocxBody::Picture(const QString& relationshipId) {
   const Relationship image = m_relationships.value(relationshipId);
   if (!m_paragraph || !m_fields.ShowsText()) return;
-  if (image.external || image.target.isEmpty()) return m_context.warnings.Add(QStringLiteral("picture outside of the file left out"));
+  if (image.external || image.target.isEmpty())
+    return m_context.warnings.Add(QStringLiteral("picture outside of the file left out"));
   const Result<QByteArray> data = m_context.package.Part(image.target);
   if (!data) return m_context.warnings.Add(QStringLiteral("picture that cannot be read left out"));
   RtfPictureInfo info;
   const QString name = image.target.toLower();
-  if (name.endsWith(QLatin1String(".wmf")) || name.endsWith(QLatin1String(".emf"))) info.type = RtfPictureInfo::Type::Metafile;
+  if (name.endsWith(QLatin1String(".wmf")) || name.endsWith(QLatin1String(".emf")))
+    info.type = RtfPictureInfo::Type::Metafile;
   if (name.endsWith(QLatin1String(".bmp"))) info.type = RtfPictureInfo::Type::Dib;
   info.goalWidth = std::max(m_pictureSize.width(), 0);
   info.goalHeight = std::max(m_pictureSize.height(), 0);

@@ -2,7 +2,7 @@
 
 #include <QStringList>
 
-#include "richtext/rtf_list_numbering.h"
+#include "richtext/rtf/rtf_list_numbering.h"
 
 namespace snipdeck {
 

@@ -4,7 +4,7 @@
 #include <QTextBlockFormat>
 
 #include "richtext/ooxml/xml_part.h"
-#include "richtext/rtf_list_table.h"
+#include "richtext/rtf/rtf_list_table.h"
 
 namespace snipdeck {
 

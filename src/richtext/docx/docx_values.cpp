@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-#include "richtext/rtf_list_table.h"
+#include "richtext/rtf/rtf_list_table.h"
 
 namespace snipdeck {
 namespace {
@@ -42,12 +42,12 @@ struct BorderEntry {
 };
 // The first word of a style is the one that is written.
 constexpr BorderEntry kBorders[] = {
-    {"none", Border::BorderStyle_None},         {"nil", Border::BorderStyle_None},
-    {"single", Border::BorderStyle_Solid},      {"dotted", Border::BorderStyle_Dotted},
-    {"dashed", Border::BorderStyle_Dashed},     {"dashSmallGap", Border::BorderStyle_Dashed},
-    {"double", Border::BorderStyle_Double},     {"triple", Border::BorderStyle_Double},
-    {"dotDash", Border::BorderStyle_DotDash},   {"dotDotDash", Border::BorderStyle_DotDotDash},
-    {"inset", Border::BorderStyle_Inset},       {"outset", Border::BorderStyle_Outset},
+    {"none", Border::BorderStyle_None},          {"nil", Border::BorderStyle_None},
+    {"single", Border::BorderStyle_Solid},       {"dotted", Border::BorderStyle_Dotted},
+    {"dashed", Border::BorderStyle_Dashed},      {"dashSmallGap", Border::BorderStyle_Dashed},
+    {"double", Border::BorderStyle_Double},      {"triple", Border::BorderStyle_Double},
+    {"dotDash", Border::BorderStyle_DotDash},    {"dotDotDash", Border::BorderStyle_DotDotDash},
+    {"inset", Border::BorderStyle_Inset},        {"outset", Border::BorderStyle_Outset},
     {"threeDEmboss", Border::BorderStyle_Ridge}, {"threeDEngrave", Border::BorderStyle_Groove},
 };
 
@@ -56,10 +56,10 @@ struct HighlightEntry {
   QRgb colour;
 };
 constexpr HighlightEntry kHighlights[] = {
-    {"black", 0xFF000000},       {"blue", 0xFF0000FF},     {"cyan", 0xFF00FFFF},        {"green", 0xFF00FF00},
-    {"magenta", 0xFFFF00FF},     {"red", 0xFFFF0000},      {"yellow", 0xFFFFFF00},      {"white", 0xFFFFFFFF},
-    {"darkBlue", 0xFF000080},    {"darkCyan", 0xFF008080}, {"darkGreen", 0xFF008000},   {"darkMagenta", 0xFF800080},
-    {"darkRed", 0xFF800000},     {"darkYellow", 0xFF808000}, {"darkGray", 0xFF808080}, {"lightGray", 0xFFC0C0C0},
+    {"black", 0xFF000000},    {"blue", 0xFF0000FF},       {"cyan", 0xFF00FFFF},      {"green", 0xFF00FF00},
+    {"magenta", 0xFFFF00FF},  {"red", 0xFFFF0000},        {"yellow", 0xFFFFFF00},    {"white", 0xFFFFFFFF},
+    {"darkBlue", 0xFF000080}, {"darkCyan", 0xFF008080},   {"darkGreen", 0xFF008000}, {"darkMagenta", 0xFF800080},
+    {"darkRed", 0xFF800000},  {"darkYellow", 0xFF808000}, {"darkGray", 0xFF808080},  {"lightGray", 0xFFC0C0C0},
 };
 
 struct NumberEntry {
@@ -67,7 +67,7 @@ struct NumberEntry {
   int format;
 };
 constexpr NumberEntry kNumbers[] = {
-    {"decimal", 0}, {"upperRoman", 1},  {"lowerRoman", 2},          {"upperLetter", 3},
+    {"decimal", 0},     {"upperRoman", 1},   {"lowerRoman", 2},         {"upperLetter", 3},
     {"lowerLetter", 4}, {"decimalZero", 22}, {"bullet", kNumberBullet}, {"none", kNumberNone},
 };
 

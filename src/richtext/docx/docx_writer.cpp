@@ -11,7 +11,7 @@
 #include "richtext/format_properties.h"
 #include "richtext/ooxml/zip_writer.h"
 #include "richtext/pictures.h"
-#include "richtext/rtf_writer_tables.h"
+#include "richtext/rtf/rtf_writer_tables.h"
 
 namespace snipdeck {
 namespace {

@@ -5,7 +5,7 @@
 #include <QPdfSelection>
 
 #include "richtext/format_properties.h"
-#include "richtext/text_decoder.h"
+#include "richtext/text/text_decoder.h"
 
 namespace snipdeck {
 namespace {
@@ -57,8 +57,7 @@ class PdfFlow {
 
 }  // namespace
 
-Result<FlowText> ReadPdf(const QByteArray& bytes, QStringList& warnings,
-                         const std::function<bool(double)>& progress) {
+Result<FlowText> ReadPdf(const QByteArray& bytes, QStringList& warnings, const std::function<bool(double)>& progress) {
   QBuffer buffer;
   buffer.setData(bytes);
   buffer.open(QIODevice::ReadOnly);

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <numeric>
 
-#include "richtext/text_decoder.h"
+#include "richtext/text/text_decoder.h"
 #include "richtext/xlsx/number_format.h"
 
 namespace snipdeck {
@@ -41,7 +41,8 @@ class SheetReader {
     m_row = named >= 0 ? std::min(named, kMostRows - 1) : m_row + 1;
     m_column = -1;
     if (m_progress && ++m_rowsRead % kProgressStep == 0)
-      m_cancelled = !m_progress(static_cast<double>(m_xml.characterOffset()) / static_cast<double>(std::max<qsizetype>(m_size, 1)));
+      m_cancelled = !m_progress(static_cast<double>(m_xml.characterOffset()) /
+                                static_cast<double>(std::max<qsizetype>(m_size, 1)));
     while (m_xml.readNextStartElement()) {
       if (m_xml.Is("c")) {
         Cell();

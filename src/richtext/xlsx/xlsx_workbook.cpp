@@ -2,7 +2,7 @@
 
 #include <QHash>
 
-#include "richtext/text_decoder.h"
+#include "richtext/text/text_decoder.h"
 #include "richtext/xlsx/number_format.h"
 
 namespace snipdeck {

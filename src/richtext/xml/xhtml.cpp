@@ -9,9 +9,9 @@
 
 #include "richtext/document_copier.h"
 #include "richtext/format_properties.h"
-#include "richtext/html_writer.h"
+#include "richtext/html/html_writer.h"
 #include "richtext/ooxml/xml_out.h"
-#include "richtext/text_decoder.h"
+#include "richtext/text/text_decoder.h"
 #include "richtext/xml/xhtml_styles.h"
 
 namespace snipdeck {

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+
+#include "richtext/html/html_tokenizer.h"
+
+namespace snipdeck {
+
+/// Without the numeric entities that name what no document may hold.
+QString WithoutForbiddenEntities(QStringView text);
+QString Quoted(QString value);
+/// The value of an attribute; empty when the tag has none of that name.
+QString ValueOf(const HtmlToken& token, const char* name);
+/// Whether words that are to stand for a picture are only its address.
+bool IsAddress(const QString& alternative);
+/// Width and height of a picture, as attributes.
+QString PictureSize(const HtmlToken& token);
+
+/// Of the attributes of one page's elements, those that are harmless and that Qt understands.
+class HtmlAttributes {
+ public:
+  /// As they are to be written, with a style for what the element itself means. `fontSize` is the surrounding text's in
+  /// points, and then the element's.
+  QString Kept(const HtmlToken& token, double& fontSize);
+
+ private:
+  QString Attribute(const QString& element, const HtmlAttribute& attribute);
+  QString Span(const HtmlAttribute& attribute, int limit);
+
+  int m_spannedCells = 0;
+};
+
+}  // namespace snipdeck

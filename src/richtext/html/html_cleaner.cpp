@@ -1,0 +1,314 @@
+#include "richtext/html/html_cleaner.h"
+
+#include <algorithm>
+
+#include <QSet>
+
+#include "richtext/html/css_filter.h"
+#include "richtext/html/html_attributes.h"
+#include "richtext/html/html_elements.h"
+#include "richtext/html/html_pictures.h"
+#include "richtext/html/html_tokenizer.h"
+
+namespace snipdeck {
+namespace {
+
+constexpr qsizetype kMaxDepth = 100;
+constexpr int kMaxTableDepth = 8;
+constexpr int kMaxElements = 120000;
+/// A table takes time and memory for each place of its grid, also where a row has no cell for it.
+constexpr qint64 kMaxGridPlaces = 120000;
+constexpr int kMaxSpan = 200;
+// Qt walks over a list whenever an item joins it; further items are plain paragraphs.
+constexpr int kMaxListItems = 5000;
+constexpr int kMaxRules = 400;
+constexpr double kDefaultPoints = 12;
+
+struct OpenElement {
+  QString name;
+  QString startTag;  ///< as written; empty when only the contents are
+  QString endTag;
+  double fontSize = kDefaultPoints;
+};
+
+bool IsCell(const QString& name) {
+  return name == QLatin1String("td") || name == QLatin1String("th");
+}
+
+bool IsPartOfTable(const QString& name) {
+  static const QSet<QString> kNames = {QStringLiteral("table"), QStringLiteral("tr"),     QStringLiteral("td"),
+                                       QStringLiteral("th"),    QStringLiteral("thead"),  QStringLiteral("tbody"),
+                                       QStringLiteral("tfoot"), QStringLiteral("caption")};
+  return kNames.contains(name);
+}
+
+/// How large the grids of all tables so far have become.
+class GridSize {
+ public:
+  void StartRow() {
+    m_places += m_widest;
+    m_rowWidth = 0;
+  }
+  void AddCell(int span) {
+    m_rowWidth += std::clamp(span, 1, kMaxSpan);
+    m_widest = std::max(m_widest, m_rowWidth);
+  }
+  void StartTable() { m_widest = 0; }
+  bool IsFull() const { return m_places > kMaxGridPlaces; }
+
+ private:
+  qint64 m_places = 0;
+  int m_rowWidth = 0;
+  int m_widest = 0;
+};
+
+class Cleaner {
+ public:
+  CleanHtml Clean(const HtmlPayload& payload) {
+    const QStringView html(payload.html);
+    m_outside = true;
+    Feed(html.first(payload.begin));
+    m_outside = false;
+    for (const OpenElement& element : std::as_const(m_open)) Write(element.startTag);
+    Feed(html.mid(payload.begin, payload.end - payload.begin));
+    CloseDownTo(0);
+    Tell(m_depthCut, "elements nested too deep");
+    Tell(m_elementsCut, "elements beyond the limit");
+    Tell(m_picturesDropped, "pictures outside the page");
+    if (!m_sheet.isEmpty()) m_clean.html.prepend(QLatin1String("<style>") + m_sheet + QLatin1String("</style>"));
+    return std::move(m_clean);
+  }
+
+ private:
+  void Feed(QStringView html) {
+    HtmlTokenizer tokenizer(html);
+    for (HtmlToken token = tokenizer.Next(); token.kind != HtmlToken::Kind::End; token = tokenizer.Next()) {
+      switch (token.kind) {
+        case HtmlToken::Kind::Text:
+          Text(token.text);
+          break;
+        case HtmlToken::Kind::StartTag:
+          StartTag(token, tokenizer);
+          break;
+        case HtmlToken::Kind::EndTag:
+          EndTag(token.name);
+          break;
+        default:
+          break;
+      }
+    }
+  }
+
+  void Tell(int count, const char* what) {
+    if (count > 0) m_clean.warnings.append(QStringLiteral("%1 %2 left out").arg(count).arg(QLatin1String(what)));
+  }
+
+  void Write(const QString& html) {
+    if (!m_outside) m_clean.html += html;
+  }
+
+  void Text(QStringView text) {
+    if (m_inHead) return;
+    if (!text.trimmed().isEmpty()) Content();
+    Write(WithoutForbiddenEntities(text).replace(u'<', QLatin1String("&lt;")));
+  }
+
+  void Content() {
+    m_hasContent = true;
+    m_lastBreak = -1;
+  }
+
+  void StartTag(const HtmlToken& token, HtmlTokenizer& tokenizer) {
+    if (token.name == QLatin1String("style")) {
+      m_sheet += FilterStyleSheet(tokenizer.RawText(token.name), kMaxRules - static_cast<int>(m_sheet.count(u'{')));
+      return;
+    }
+    const HtmlElement element = ElementNamed(token.name);
+    if (token.name == QLatin1String("head")) m_inHead = true;
+    if (element.treatment == HtmlElement::Treatment::DropContent) {
+      if (!token.closesItself) tokenizer.RawText(token.name);
+      return;
+    }
+    if (element.treatment == HtmlElement::Treatment::Keep) m_inHead = false;
+    if (token.name == QLatin1String("br")) return Break();
+    if (token.name == QLatin1String("hr")) return Rule();
+    if (token.name == QLatin1String("img")) return Picture(token);
+    if (element.treatment == HtmlElement::Treatment::Keep) Open(token, element);
+  }
+
+  void Break() {
+    m_lastBreak = m_clean.html.size();
+    m_breakHadContent = m_hasContent;
+    Write(QStringLiteral("<br>"));
+    m_hasContent = true;
+  }
+
+  void Rule() {
+    CloseImplied(QStringLiteral("div"));
+    StartBlock();
+    Write(QStringLiteral("<hr>"));
+  }
+
+  void Picture(const HtmlToken& token) {
+    const QString name = TakePicture(ValueOf(token, "src"), m_clean.pictures);
+    m_inHead = false;
+    Content();
+    if (name.isEmpty()) {
+      ++m_picturesDropped;
+      QString alternative = ValueOf(token, "alt");
+      if (IsAddress(alternative)) return;
+      return Write(WithoutForbiddenEntities(alternative.replace(u'<', QLatin1String("&lt;"))));
+    }
+    Write(QLatin1String("<img src=") + Quoted(name) + PictureSize(token) + u'>');
+  }
+
+  void StartBlock() {
+    m_hasContent = false;
+    m_lastBreak = -1;
+  }
+
+  void Open(const HtmlToken& token, const HtmlElement& element) {
+    CloseImplied(token.name);
+    if (m_grid.IsFull() && !m_leftTables) LeaveTables();
+    SupplyTable(token.name);
+    if (m_open.size() >= kMaxDepth || (token.name == QLatin1String("table") && m_tables >= kMaxTableDepth)) {
+      ++m_depthCut;
+      return;
+    }
+    if (++m_elements > kMaxElements) {
+      ++m_elementsCut;
+      return;
+    }
+    if (element.isBlock) StartBlock();
+    Push(token, IsTooMany(token) ? ElementNamed(QStringLiteral("div")) : element);
+  }
+
+  /// Items and cells beyond what lists and tables can take are plain paragraphs.
+  bool IsTooMany(const HtmlToken& token) {
+    if (token.name == QLatin1String("li")) return ++m_listItems > kMaxListItems;
+    if (token.name == QLatin1String("table") && m_tables == 0) m_grid.StartTable();
+    if (token.name == QLatin1String("tr")) m_grid.StartRow();
+    if (IsCell(token.name)) m_grid.AddCell(ValueOf(token, "colspan").toInt());
+    return m_grid.IsFull() && IsPartOfTable(token.name);
+  }
+
+  void LeaveTables() {
+    m_leftTables = true;
+    for (qsizetype i = 0; i < m_open.size() && m_tables > 0; ++i) {
+      if (m_open[i].name == QLatin1String("table")) return CloseDownTo(i);
+    }
+  }
+
+  /// Rows and cells that were copied without what they belong to.
+  void SupplyTable(const QString& name) {
+    const bool isCell = IsCell(name);
+    if (m_grid.IsFull()) return;
+    if (!isCell && name != QLatin1String("tr")) return;
+    if (m_tables == 0) Supply(QStringLiteral("table"));
+    if (isCell && !IsInRow()) Supply(QStringLiteral("tr"));
+  }
+
+  void Supply(const QString& name) {
+    HtmlToken token;
+    token.name = name;
+    Push(token, ElementNamed(name));
+  }
+
+  bool IsInRow() const {
+    for (qsizetype i = m_open.size() - 1; i >= 0; --i) {
+      if (m_open[i].name == QLatin1String("tr")) return true;
+      if (m_open[i].name == QLatin1String("table")) return false;
+    }
+    return false;
+  }
+
+  void Push(const HtmlToken& token, const HtmlElement& element) {
+    OpenElement open{token.name, {}, {}, m_open.isEmpty() ? kDefaultPoints : m_open.last().fontSize};
+    const QString attributes = m_attributes.Kept(token, open.fontSize);
+    open.startTag = QLatin1Char('<') + QLatin1String(element.as) + attributes + u'>';
+    open.endTag = QLatin1String("</") + QLatin1String(element.as) + u'>';
+    m_tables += token.name == QLatin1String("table");
+    Write(open.startTag);
+    if (element.isBlock) m_blockTagEnd = m_clean.html.size() - 1;
+    m_open.append(open);
+  }
+
+  void CloseImplied(const QString& next) {
+    // Parts of a table end the ones before them, whatever those left open; other elements end what they touch.
+    const bool ofTable = EndsByItself(QStringLiteral("td"), next);
+    qsizetype keep = m_open.size();
+    for (qsizetype i = m_open.size() - 1; i >= 0 && m_open[i].name != QLatin1String("table"); --i) {
+      if (EndsByItself(m_open[i].name, next)) {
+        keep = i;
+      } else if (!ofTable && ElementNamed(m_open[i].name).isBlock) {
+        break;
+      }
+    }
+    CloseDownTo(keep);
+  }
+
+  void EndTag(const QString& name) {
+    if (name == QLatin1String("head")) m_inHead = false;
+    if (name == QLatin1String("br")) return Break();
+    const bool ofTable =
+        name == QLatin1String("table") || name == QLatin1String("tr") || EndsByItself(name, QStringLiteral("tr"));
+    for (qsizetype i = m_open.size() - 1; i >= 0; --i) {
+      if (m_open[i].name == name) return CloseDownTo(i);
+      if (m_open[i].name == QLatin1String("table") || (!ofTable && IsFence(m_open[i].name))) return;
+    }
+  }
+
+  void CloseDownTo(qsizetype count) {
+    while (m_open.size() > count) {
+      const OpenElement element = m_open.takeLast();
+      if (ElementNamed(element.name).isBlock) EndBlock();
+      m_tables -= element.name == QLatin1String("table");
+      Write(element.endTag);
+    }
+  }
+
+  /// A line break at the end of a paragraph shows nothing; alone in one, it says that the paragraph is empty.
+  void EndBlock() {
+    if (m_lastBreak >= 0 && !m_outside) {
+      m_clean.html.remove(m_lastBreak, 4);
+      if (!m_breakHadContent && m_blockTagEnd > 0 && m_blockTagEnd < m_lastBreak) MarkEmpty();
+    }
+    StartBlock();
+  }
+
+  void MarkEmpty() {
+    const bool hasStyle =
+        m_clean.html[m_blockTagEnd - 1] == u'"' && m_clean.html.lastIndexOf(QLatin1String(" style="), m_blockTagEnd) >
+                                                       m_clean.html.lastIndexOf(u'<', m_blockTagEnd);
+    const QString css = QStringLiteral("-qt-paragraph-type:empty;");
+    m_clean.html.insert(hasStyle ? m_blockTagEnd - 1 : m_blockTagEnd,
+                        hasStyle ? css : QLatin1String(" style=") + Quoted(css));
+  }
+
+  CleanHtml m_clean;
+  QString m_sheet;
+  QList<OpenElement> m_open;
+  bool m_outside = false;  ///< in front of the copied part, where elements are noted and nothing is written
+  bool m_inHead = false;
+  bool m_hasContent = false;  ///< since the last start or end of a block
+  bool m_breakHadContent = false;
+  qsizetype m_lastBreak = -1;  ///< where a line break stands that nothing follows yet
+  qsizetype m_blockTagEnd = 0;
+  int m_tables = 0;
+  int m_elements = 0;
+  int m_listItems = 0;
+  GridSize m_grid;
+  bool m_leftTables = false;
+  HtmlAttributes m_attributes;
+  int m_depthCut = 0;
+  int m_elementsCut = 0;
+  int m_picturesDropped = 0;
+};
+
+}  // namespace
+
+CleanHtml CleanUpHtml(const HtmlPayload& payload) {
+  return Cleaner().Clean(payload);
+}
+
+}  // namespace snipdeck

@@ -1,0 +1,119 @@
+#include "richtext/html/html_styles.h"
+
+#include <QFont>
+
+#include "richtext/format_values.h"
+
+namespace snipdeck {
+namespace {
+
+void Declare(QString& css, const char* name, const QString& value) {
+  css += QLatin1String(name) + QLatin1Char(':') + value + QLatin1Char(';');
+}
+
+void Declare(QString& css, const char* name, const char* value) {
+  Declare(css, name, QString::fromLatin1(value));
+}
+
+QString Pixels(double length) {
+  return QString::number(qRound(length * 100) / 100.0) + QLatin1String("px");
+}
+
+QString Families(const QStringList& families) {
+  QStringList quoted;
+  for (QString family : families) {
+    quoted.append(QLatin1Char('\'') + EscapeHtml(family.remove(QLatin1Char('\''))) + QLatin1Char('\''));
+  }
+  return quoted.join(QLatin1Char(','));
+}
+
+bool IsVisible(const QBrush& brush) {
+  return brush.style() != Qt::NoBrush && brush.color().alpha() != 0;
+}
+
+void Font(QString& css, const QTextCharFormat& format) {
+  const QStringList families = format.fontFamilies().toStringList();
+  if (!families.isEmpty() && !families.first().isEmpty()) Declare(css, "font-family", Families(families));
+  if (HasPointSize(format)) {
+    Declare(css, "font-size", QString::number(PointSize(format, QFont())) + QLatin1String("pt"));
+  }
+  if (format.hasProperty(QTextFormat::FontWeight)) {
+    Declare(css, "font-weight", format.fontWeight() > QFont::Medium ? "bold" : "normal");
+  }
+  if (format.fontItalic()) Declare(css, "font-style", "italic");
+  if (format.fontCapitalization() == QFont::SmallCaps) Declare(css, "font-variant", "small-caps");
+  if (format.fontCapitalization() == QFont::AllUppercase) Declare(css, "text-transform", "uppercase");
+  if (format.fontLetterSpacingType() == QFont::AbsoluteSpacing && format.fontLetterSpacing() != 0) {
+    Declare(css, "letter-spacing", Pixels(format.fontLetterSpacing()));
+  }
+}
+
+void Decoration(QString& css, const QTextCharFormat& format) {
+  const bool underlined = format.underlineStyle() != QTextCharFormat::NoUnderline;
+  if (underlined || format.fontStrikeOut()) {
+    Declare(
+        css, "text-decoration",
+        underlined && format.fontStrikeOut() ? "underline line-through" : (underlined ? "underline" : "line-through"));
+  }
+  if (format.verticalAlignment() == QTextCharFormat::AlignSuperScript) Declare(css, "vertical-align", "super");
+  if (format.verticalAlignment() == QTextCharFormat::AlignSubScript) Declare(css, "vertical-align", "sub");
+}
+
+}  // namespace
+
+QString CssForCharacters(const QTextCharFormat& format) {
+  QString css;
+  Font(css, format);
+  Decoration(css, format);
+  if (format.foreground().style() != Qt::NoBrush) Declare(css, "color", format.foreground().color().name());
+  if (IsVisible(format.background())) Declare(css, "background-color", format.background().color().name());
+  return css;
+}
+
+QString CssForParagraph(const QTextBlockFormat& format) {
+  QString css;
+  Declare(css, "margin",
+          Pixels(format.topMargin()) + u' ' + Pixels(format.rightMargin()) + u' ' + Pixels(format.bottomMargin()) +
+              u' ' + Pixels(format.leftMargin()));
+  if (format.textIndent() != 0) Declare(css, "text-indent", Pixels(format.textIndent()));
+  if (format.alignment() & Qt::AlignHCenter) Declare(css, "text-align", "center");
+  if (format.alignment() & Qt::AlignRight) Declare(css, "text-align", "right");
+  if (format.alignment() & Qt::AlignJustify) Declare(css, "text-align", "justify");
+  if (format.lineHeightType() == QTextBlockFormat::ProportionalHeight) {
+    Declare(css, "line-height", QString::number(format.lineHeight()) + QLatin1Char('%'));
+  } else if (format.lineHeightType() == QTextBlockFormat::FixedHeight) {
+    Declare(css, "line-height", Pixels(format.lineHeight()));
+  }
+  if (format.pageBreakPolicy() & QTextFormat::PageBreak_AlwaysBefore) Declare(css, "page-break-before", "always");
+  if (IsVisible(format.background())) Declare(css, "background-color", format.background().color().name());
+  return css;
+}
+
+QString EscapeHtml(QStringView text) {
+  QString html;
+  html.reserve(text.size());
+  for (const QChar character : text) {
+    switch (character.unicode()) {
+      case u'&':
+        html += QLatin1String("&amp;");
+        break;
+      case u'<':
+        html += QLatin1String("&lt;");
+        break;
+      case u'>':
+        html += QLatin1String("&gt;");
+        break;
+      case u'"':
+        html += QLatin1String("&quot;");
+        break;
+      case QChar::LineSeparator:
+        html += QLatin1String("<br>");
+        break;
+      default:
+        html += character;
+    }
+  }
+  return html;
+}
+
+}  // namespace snipdeck
