@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # corpus_score.sh [CONVERTER [SIDE]]: turns every RTF document of the shared corpus into text with richtext_convert and scores
-# the words against what is expected. LOW=20 lists the lowest; OUT=DIR keeps the texts. Says so and succeeds where there is no
+# the words against what is expected; then checks what is known of formats. LOW=20 lists the lowest; OUT=DIR keeps the texts. Says so and succeeds where there is no
 # corpus; fails when a document makes the converter crash or hang.
 set -euo pipefail
 
@@ -30,6 +30,7 @@ export converter corpus out LABELS
 failed=$(awk -F'\t' '$2 == "rtf" || $2 == "clipboard/rtf" { print $1 }' "$corpus/INDEX.tsv" |
   xargs -d '\n' -P "$(nproc)" -I{} bash -c 'convert "$1"' _ {})
 python3 "$corpus/score.py" "$corpus" "$out" ${side:+"$side"}
+python3 "$root/scripts/corpus_facts.py" "$corpus" "$converter"
 if [ -n "$failed" ]; then
   echo "Crashed or hung:" >&2
   echo "$failed" >&2
