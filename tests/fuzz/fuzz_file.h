@@ -8,6 +8,7 @@
 #include <QTextDocument>
 
 #include "richtext/document_file.h"
+#include "richtext/ooxml/zip_writer.h"
 
 namespace snipdeck::fuzz {
 
@@ -19,6 +20,20 @@ inline void Read(const QByteArray& bytes, FileFormat format) {
     for (const QChar c : block.text()) {
       if (c.unicode() < 0x20 && c != u'\t') abort();
     }
+  }
+}
+
+/// Puts the pieces of an input, which `<?part?>` divides, into the parts with these names; without a mark, all parts are the
+/// whole input.
+inline void AddParts(ZipWriter& zip, const QByteArray& input, std::initializer_list<const char*> names) {
+  static constexpr QByteArrayView kMark("\n<?part?>\n");
+  qsizetype begin = 0;
+  const bool isDivided = input.contains(kMark);
+  for (const char* name : names) {
+    const qsizetype mark = isDivided && begin <= input.size() ? input.indexOf(kMark, begin) : -1;
+    const qsizetype end = mark < 0 ? input.size() : mark;
+    zip.Add(QString::fromLatin1(name), begin <= end ? input.mid(begin, end - begin) : QByteArray());
+    if (isDivided) begin = end + kMark.size();
   }
 }
 
