@@ -275,7 +275,18 @@ void DocumentFileTest::NumbersShowAsInSheets_data() {
       {59, "d/m/yyyy", "28/2/1900"},
       {42, "\"No. \"0", "No. 42"},
       {5551234, "000-0000", "555-1234"},
+      {5551234, "[<=9999999]###-####;(###) ###-####", "555-1234"},
+      {2025551234, "[<=9999999]###-####;(###) ###-####", "(202) 555-1234"},
+      {-5, "0;;", ""},
+      {44927, "[$-407]d. mmmm yyyy", "1. Januar 2023"},
+      {44992, "[$-409]d-mmm-yy;@", "7-Mar-23"},
+      {44927, "yyyy\"\u5E74\"m\"\u6708\"d\"\u65E5\"", "2023\u5E74" "1\u6708" "1\u65E5"},
+      {44927, "[$-411]gge.m.d", "2023.1.1"},
+      {1.9999999, "[h]:mm:ss", "48:00:00"},
+      {0.000011, "mm:ss.0", "00:01.0"},
   };
+  for (const int day : {27, 50, 58, 71}) QCOMPARE(BuiltInFormat(day), BuiltInFormat(14));
+  QCOMPARE(FormatCellNumber(44927.75, BuiltInFormat(78), false), "1/1/2023 18:00");
   for (const Row& row : kRows) QTest::addRow("%g %s", row.number, row.format) << row.number << QString::fromUtf8(row.format) << QString::fromUtf8(row.shown);
 }
 

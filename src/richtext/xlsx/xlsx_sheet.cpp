@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <numeric>
+#include <optional>
+
+#include <QDateTime>
 
 #include "richtext/text/text_decoder.h"
 #include "richtext/xlsx/number_format.h"
@@ -14,6 +17,16 @@ constexpr int kMostColumns = 16'384;
 constexpr std::size_t kMostCells = 2'000'000;
 constexpr std::size_t kMostMerges = 20'000;
 constexpr int kProgressStep = 500;  // rows
+
+/// The day number of a date that is written out; nothing for what is none.
+std::optional<double> DayNumber(const QString& date, bool since1904) {
+  constexpr double kMillisecondsPerDay = 86'400'000;
+  const QDateTime first(since1904 ? QDate(1904, 1, 1) : QDate(1899, 12, 30), QTime(0, 0), Qt::UTC);
+  QDateTime written = QDateTime::fromString(date, Qt::ISODateWithMs);
+  written.setTimeSpec(Qt::UTC);
+  if (!written.isValid() || written < first) return std::nullopt;
+  return static_cast<double>(first.msecsTo(written)) / kMillisecondsPerDay;
+}
 
 class SheetReader {
  public:
@@ -74,15 +87,20 @@ class SheetReader {
     Keep(std::move(cell));
   }
 
+  std::optional<double> NumberOf(const QString& type, const QString& value) const {
+    if (type == QLatin1String("d")) return DayNumber(value, m_workbook.CountsFrom1904());
+    bool isNumber = type.isEmpty() || type == QLatin1String("n");
+    const double number = isNumber ? value.toDouble(&isNumber) : 0;
+    return isNumber ? std::optional(number) : std::nullopt;
+  }
+
   void Show(XlsxSheet::Cell& cell, const QString& type, const QString& value, const XlsxWorkbook::Look& look) {
-    bool isNumber = false;
-    const double number = value.toDouble(&isNumber);
     if (type == QLatin1String("s")) {
       cell.text = m_workbook.Text(value.toInt());
     } else if (type == QLatin1String("b")) {
       cell.text = value == QLatin1String("1") ? QStringLiteral("TRUE") : QStringLiteral("FALSE");
-    } else if (isNumber && (type.isEmpty() || type == QLatin1String("n"))) {
-      cell.text = FormatCellNumber(number, look.numberFormat, m_workbook.CountsFrom1904());
+    } else if (const std::optional<double> number = NumberOf(type, value)) {
+      cell.text = FormatCellNumber(*number, look.numberFormat, m_workbook.CountsFrom1904());
       cell.isNumber = true;
     } else {
       cell.text = CleanText(value);
