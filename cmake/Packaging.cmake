@@ -8,6 +8,20 @@ install(FILES packaging/org.qm_snipdeck.QM_Snipdeck.metainfo.xml DESTINATION "${
 install(FILES data/icons/program.svg DESTINATION "${share}/icons/hicolor/scalable/apps" RENAME qm_snipdeck.svg)
 install(FILES LICENSE DESTINATION "${share}/doc/qm-snipdeck" RENAME copyright)
 
+# Manuals and the list of packages are kept compressed on Debian systems, always to the same bytes.
+find_program(SNIPDECK_GZIP gzip REQUIRED)
+function(snipdeck_install_compressed file destination)
+  set(compressed "${CMAKE_BINARY_DIR}/packaging/${file}.gz")
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/packaging/${file}")
+  file(MAKE_DIRECTORY "${CMAKE_BINARY_DIR}/packaging")
+  execute_process(COMMAND "${SNIPDECK_GZIP}" -9nc "${CMAKE_SOURCE_DIR}/packaging/${file}" OUTPUT_FILE "${compressed}"
+    COMMAND_ERROR_IS_FATAL ANY)
+  install(FILES "${compressed}" DESTINATION "${destination}")
+endfunction()
+snipdeck_install_compressed(qm_snipdeck.1 "${CMAKE_INSTALL_MANDIR}/man1")
+snipdeck_install_compressed(qm_snipdeck_holder.1 "${CMAKE_INSTALL_MANDIR}/man1")
+snipdeck_install_compressed(changelog "${share}/doc/qm-snipdeck")
+
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME qm-snipdeck)
 set(CPACK_PACKAGE_CONTACT "The QM_Snipdeck authors <qm-snipdeck@localhost>")
@@ -19,9 +33,9 @@ set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION text)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
-# The libraries that the programs were linked with; fonts and picture plug-ins are asked for by name.
+# The libraries that the programs were linked with; only fonts have to be asked for by name.
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-set(CPACK_DEBIAN_PACKAGE_DEPENDS "libqt6svg6, fonts-liberation | fonts-dejavu-core")
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-crosextra-carlito, qt6-qpa-plugins")
+set(CPACK_DEBIAN_PACKAGE_DEPENDS "fonts-liberation | fonts-dejavu-core")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-crosextra-carlito, xdg-utils")
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "libreoffice-writer")
 include(CPack)
