@@ -29,6 +29,15 @@ void TextTest::Decode_data() {
   QTest::newRow("UTF-16 without a mark") << QByteArray("t\0e\0x\0t\0", 8) << "text";
   QTest::newRow("UTF-32") << QByteArray("\xFF\xFE\0\0\xE9\0\0\0", 8) << "é";
   QTest::newRow("windows-1252") << QByteArray("\x80 caf\xE9 \x93q\x94") << "€ café “q”";
+  QTest::newRow("UTF-32 without a mark") << QByteArray("\0\0\0a\0\1\xF6\0", 8) << QStringLiteral("a\U0001F600");
+  QTest::newRow("UTF-16 without a zero in front") << QByteArray("\x65\xE5\x67\x2C\0\n\x8A\x9E\xFF\x01", 10) << "日本\n語！";
+  QTest::newRow("Japanese mail") << QByteArray("\x1B$B$3$s\x1B(B") << "こん";
+  QTest::newRow("Russian") << QByteArray("\xCF\xF0\xE8\xE2\xE5\xF2, \xEC\xE8\xF0") << "Привет, мир";
+  QTest::newRow("KOI8") << QByteArray("\xF0\xD2\xC9\xD7\xC5\xD4, \xCD\xC9\xD2") << "Привет, мир";
+  QTest::newRow("declared") << QByteArray("<?xml version='1.0' encoding='iso-8859-2'?><a>\xE8</a>") << "<?xml version='1.0' encoding='iso-8859-2'?><a>č</a>";
+  // Words of one accent tell nothing.
+  for (const char* word : {"Gr\xFCn", "caf\xE9", "fa\xE7" "ade\n", "It\x92s", "Se\xF1or Mu\xF1oz", "\xC4\xD6\xDC"})
+    QTest::addRow("western %s", qPrintable(DecodeWindows1252(word))) << QByteArray(word) << DecodeWindows1252(word);
   QTest::newRow("empty") << QByteArray() << "";
   QTest::newRow("a mark alone") << QByteArray("\xFF\xFE", 2) << "";
 }

@@ -3,13 +3,13 @@
 #include <QRegularExpression>
 #include <QStringDecoder>
 
+#include "richtext/text/encoding_guess.h"
 #include "richtext/text/text_decoder.h"
 
 namespace snipdeck {
 namespace {
 
 constexpr qsizetype kHeaderReach = 1024;
-constexpr qsizetype kMetaReach = 4096;
 
 /// The header in front of the HTML; offsets are -1 where it gives none.
 struct Header {
@@ -39,15 +39,6 @@ Header ReadHeader(QByteArrayView bytes) {
   if (result.begin < header.size() || result.end < result.begin || result.end > bytes.size())
     result.begin = result.end = -1;
   return result;
-}
-
-/// The charset that a meta element or an XML declaration names; empty when none does.
-QByteArray DeclaredCharset(QByteArrayView bytes) {
-  static const QRegularExpression kPattern(
-      QStringLiteral("(?:charset\\s*=|<\\?xml[^>]*encoding\\s*=)\\s*[\"']?([\\w.:-]{2,40})"),
-      QRegularExpression::CaseInsensitiveOption);
-  const QString start = QString::fromLatin1(bytes.first(std::min(bytes.size(), kMetaReach)));
-  return kPattern.match(start).captured(1).toLatin1().toLower();
 }
 
 /// A page in UTF-8 often still carries the name of the eight-bit set it was once written in; its bytes know better.

@@ -3,6 +3,8 @@
 #include <QStringDecoder>
 
 #include "richtext/text/code_page_1252.h"
+#include "richtext/text/code_pages.h"
+#include "richtext/text/encoding_guess.h"
 
 namespace snipdeck {
 namespace {
@@ -13,15 +15,13 @@ QString Decode(QByteArrayView bytes, const char* codec) {
   return decoder.isValid() ? QString(decoder(bytes)) : QString();
 }
 
-/// UTF-16 without a mark: text of western languages has a zero in nearly every second byte, and files in no other
-/// encoding hold zeros at all.
-const char* GuessUtf16(QByteArrayView bytes) {
-  const qsizetype looked = std::min<qsizetype>(bytes.size(), 4096) & ~qsizetype(1);
-  int zeros[2] = {0, 0};
-  for (qsizetype i = 0; i < looked; ++i) zeros[i & 1] += bytes[i] == 0;
-  if (looked < 4 || zeros[0] + zeros[1] < looked / 4) return nullptr;
-  if (zeros[0] == 0) return "UTF-16LE";
-  return zeros[1] == 0 ? "UTF-16BE" : nullptr;
+/// Text with markup in the encoding that it names; null where it names none, or is not in that one.
+QString DecodeDeclared(QByteArrayView bytes) {
+  if (!bytes.trimmed().startsWith('<')) return {};
+  QStringDecoder decoder(DeclaredCharset(bytes).constData(), QStringConverter::Flag::Stateless);
+  if (!decoder.isValid()) return {};
+  const QString text = decoder(bytes);
+  return decoder.hasError() || text.contains(QChar::ReplacementCharacter) ? QString() : text;
 }
 
 bool IsForbidden(char16_t character) {
@@ -47,9 +47,11 @@ bool IsUtf8(QByteArrayView bytes) {
 QString DecodeText(QByteArrayView bytes) {
   if (const ByteOrderMark mark = FindByteOrderMark(bytes); mark.size)
     return Decode(bytes.sliced(mark.size), mark.codec);
-  if (const char* codec = GuessUtf16(bytes)) return Decode(bytes, codec);
-  if (IsUtf8(bytes)) return QString::fromUtf8(bytes);
-  QStringDecoder locale(QStringConverter::System);
+  if (const char* codec = GuessWideEncoding(bytes)) return Decode(bytes, codec);
+  if (IsUtf8(bytes) && !IsShiftedByEscapes(bytes)) return QString::fromUtf8(bytes);
+  if (const QString declared = DecodeDeclared(bytes); !declared.isNull()) return declared;
+  if (const int codePage = GuessCodePage(bytes)) return DecodeCodePage(codePage, bytes);
+  QStringDecoder locale(QStringConverter::System, QStringConverter::Flag::Stateless);
   const QString text = locale(bytes);
   return locale.hasError() ? DecodeWindows1252(bytes) : text;
 }
