@@ -52,7 +52,7 @@ void KeepKnownHighlights(QTextDocument& document) {
 
 void FillSample(QTextDocument& document) {
   QTextCursor cursor(&document);
-  cursor.insertText(QStringLiteral("Grün & <gut>"));
+  cursor.insertText(QStringLiteral("Grün & <gut>, office staff"));
   cursor.insertBlock();
   QTextCharFormat link;
   link.setAnchor(true);
