@@ -5,7 +5,7 @@
 
 #include "richtext/document_walker.h"
 #include "richtext/format_properties.h"
-#include "richtext/format_values.h"
+#include "richtext/list_labels.h"
 #include "richtext/safe_document.h"
 
 namespace snipdeck {
@@ -71,8 +71,7 @@ class BasicWriter : public DocumentVisitor {
     if (m_continuesLine) m_cursor.insertText(QStringLiteral("\t"), QTextCharFormat());
   }
   void WriteLabel(const QTextBlock& block) {
-    QString label = block.blockFormat().stringProperty(kListLabel);
-    if (label.isEmpty() && block.textList()) label = ListLabel(block);
+    const QString label = ListLabel(block);
     if (!label.isEmpty()) m_cursor.insertText(label + QLatin1Char('\t'), BasicCharacters(block.charFormat()));
   }
 

@@ -5,6 +5,8 @@
 #include <QTextList>
 #include <QTextTable>
 
+#include "richtext/format_properties.h"
+#include "richtext/list_labels.h"
 #include "richtext/table_grid.h"
 
 namespace snipdeck {
@@ -109,6 +111,8 @@ QTextBlockFormat DocumentBuilder::BlockFormat(int index) {
   const FlowFormats::Paragraph& paragraph = m_formats.paragraphs[static_cast<std::size_t>(index)];
   QTextBlockFormat format = paragraph.format;
   if (paragraph.list < 0) return format;
+  const QTextListFormat& listFormat = m_formats.lists[static_cast<std::size_t>(paragraph.list)];
+  if (format.hasProperty(kListLabel) || listFormat.hasProperty(kListStart)) TakeLabelFromQt(format);
   if (m_lists.size() < m_formats.lists.size()) m_lists.resize(m_formats.lists.size());
   const QTextList* list = m_lists[static_cast<std::size_t>(paragraph.list)];
   if (list) format.setObjectIndex(list->objectIndex());

@@ -23,8 +23,11 @@ enum FormatProperty : int {
   kParaStyleName = QTextFormat::UserProperty + 100,  ///< QString: name of the paragraph style.
   kKeepTogether,     ///< bool: no page break inside the paragraph.
   kKeepWithNext,     ///< bool: no page break after the paragraph.
-  kListLabel,        ///< QString: label of a list paragraph as its writer showed it, where Qt's list cannot.
-  kParagraphBorder,  ///< QString: borders, as the RTF control words that describe them.
+  kListLabel,        ///< QString: label of a list paragraph as its writer showed it, where its list cannot count it.
+  kParagraphBorder,  ///< QString: borders, as the RTF control words that describe them, with colours as \brdrcf#rrggbb.
+
+  // Table cells
+  kRowHeight = QTextFormat::UserProperty + 150,  ///< int: least height of the cell's row in twips; negative: just that.
 
   // Lists
   kListId = QTextFormat::UserProperty + 200,  ///< int: paragraphs with the same id continue one numbering.

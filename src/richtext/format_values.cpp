@@ -65,31 +65,4 @@ ListPlace PlaceInList(const QTextBlock& block) {
   return {std::clamp(level, 0, 8), id};
 }
 
-namespace {
-
-/// Qt turns the number round for a paragraph that runs from right to left; files have it as it is read.
-QString NumberInReadingOrder(const QTextBlock& block) {
-  const QString shown = block.textList()->itemText(block);
-  if (block.textDirection() != Qt::RightToLeft) return shown;
-  const QTextListFormat format = block.textList()->format();
-  const QString prefix = format.numberPrefix();
-  const QString suffix =
-      format.hasProperty(QTextFormat::ListNumberSuffix) ? format.numberSuffix() : QStringLiteral(".");
-  if (!shown.startsWith(suffix) || !shown.endsWith(prefix)) return shown;
-  return prefix + shown.mid(suffix.size(), shown.size() - suffix.size() - prefix.size()) + suffix;
-}
-
-}  // namespace
-
-QString ListLabel(const QTextBlock& block) {
-  const QTextListFormat::Style style = block.textList()->format().style();
-  const bool isNumber = style <= QTextListFormat::ListDecimal;
-  return isNumber ? NumberInReadingOrder(block) : BulletOf(style);
-}
-
-QString BulletOf(QTextListFormat::Style style) {
-  if (style == QTextListFormat::ListCircle) return QStringLiteral("\u25E6");
-  return style == QTextListFormat::ListSquare ? QStringLiteral("\u25AA") : QStringLiteral("\u2022");
-}
-
 }  // namespace snipdeck

@@ -35,9 +35,5 @@ struct ListPlace {
   int id = 0;  ///< 0 when the paragraph is in no list
 };
 ListPlace PlaceInList(const QTextBlock& block);
-/// What Qt shows in front of a paragraph that is in a list: its number or bullet.
-QString ListLabel(const QTextBlock& block);
-/// The bullet of a style; that of a disc for a style of numbers.
-QString BulletOf(QTextListFormat::Style style);
 
 }  // namespace snipdeck

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/units.h"
+#include "richtext/format_properties.h"
 
 namespace snipdeck {
 namespace {
@@ -84,34 +85,37 @@ void TableGrid::AddRow(const RowFlow& row, int index) {
   const RowLayout& layout = *row.layout;
   if (layout.header && m_headerRows == index) m_headerRows = index + 1;
   int column = 0;
-  for (std::size_t i = 0; i < row.cells.size() && column < m_columns; ++i) {
-    const CellLayout& cell = layout.cells[i];
-    const bool last = i + 1 == row.cells.size();
-    const int right = last ? m_columns : m_byPosition ? ColumnOf(cell.right) : column + 1;
-    const int span = right - column;
-    if (cell.joinsLeft && !m_cells.empty() && m_cells.back().row == index && m_cells.back().rowSpan == 1) {
-      Cell& left = m_cells.back();
-      left.columnSpan += span;
-      if (!row.cells[i].text.isEmpty() || !row.cells[i].tables.empty()) left.content.push_back(&row.cells[i]);
-      std::fill_n(m_lastInColumn.begin() + column, span, static_cast<int>(m_cells.size()) - 1);
-    } else if (!JoinAbove(cell, row.cells[i], index, column, span)) {
-      m_cells.push_back({index, column, 1, span, &cell, nullptr, {&row.cells[i]}});
-      std::fill_n(m_lastInColumn.begin() + column, span, static_cast<int>(m_cells.size()) - 1);
-    }
+  for (std::size_t i = 0, next = 0; i < row.cells.size() && column < m_columns; i = next) {
+    for (next = i + 1; next < row.cells.size() && layout.cells[next].joinsLeft;) ++next;
+    const bool last = next == row.cells.size();
+    const int right = last           ? m_columns
+                      : m_byPosition ? ColumnOf(layout.cells[next - 1].right)
+                                     : column + static_cast<int>(next - i);
+    Cell& cell = CellAt(index, column, right - column, layout.cells[i]);
+    cell.rowHeight = cell.rowSpan == 1 ? layout.height : cell.rowHeight;
+    for (std::size_t part = i; part < next; ++part) AddContent(cell, row.cells[part]);
     column = right;
   }
 }
 
-bool TableGrid::JoinAbove(const CellLayout& layout, const Flow& content, int row, int column, int columnSpan) {
+TableGrid::Cell& TableGrid::CellAt(int row, int column, int columnSpan, const CellLayout& layout) {
   const int above = m_lastInColumn[static_cast<std::size_t>(column)];
-  if (!layout.joinsAbove || above < 0) return false;
-  Cell& cell = m_cells[static_cast<std::size_t>(above)];
-  if (cell.column != column || cell.columnSpan != columnSpan || cell.row + cell.rowSpan != row) return false;
-  ++cell.rowSpan;
-  cell.bottomLayout = &layout;
-  // What the covered cells hold is a mark without text, as a rule.
-  if (!content.text.isEmpty() || !content.tables.empty()) cell.content.push_back(&content);
-  return true;
+  if (layout.joinsAbove && above >= 0) {
+    Cell& cell = m_cells[static_cast<std::size_t>(above)];
+    if (cell.column == column && cell.columnSpan == columnSpan && cell.row + cell.rowSpan == row) {
+      ++cell.rowSpan;
+      cell.bottomLayout = &layout;
+      return cell;
+    }
+  }
+  std::fill_n(m_lastInColumn.begin() + column, columnSpan, static_cast<int>(m_cells.size()));
+  m_cells.push_back({row, column, 1, columnSpan, &layout, nullptr, {}, 0});
+  return m_cells.back();
+}
+
+// What covered cells hold is a mark without text, as a rule.
+void TableGrid::AddContent(Cell& cell, const Flow& content) {
+  if (cell.content.empty() || !content.text.isEmpty() || !content.tables.empty()) cell.content.push_back(&content);
 }
 
 QTextTableFormat TableGrid::Format() const {
@@ -165,6 +169,7 @@ QTextTableCellFormat TableGrid::CellFormat(const Cell& cell) {
     const int padding = source.padding[static_cast<std::size_t>(i)];
     if (padding > 0) (format.*kSides[i].padding)(Pixels(padding));
   }
+  if (cell.rowHeight != 0) format.setProperty(kRowHeight, cell.rowHeight);
   if (qAlpha(layout.background)) format.setBackground(QColor::fromRgba(layout.background));
   if (layout.alignment != QTextCharFormat::AlignTop) format.setVerticalAlignment(layout.alignment);
   return format;

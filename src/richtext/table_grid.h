@@ -18,6 +18,7 @@ class TableGrid {
     const CellLayout* layout = nullptr;
     const CellLayout* bottomLayout = nullptr;  ///< Of the last row of a cell that spans rows.
     std::vector<const Flow*> content;
+    int rowHeight = 0;  ///< As in RowLayout.
   };
 
   /// The rows [begin, end) of the table; at least one.
@@ -40,7 +41,9 @@ class TableGrid {
   bool EdgesGiveEveryCellAColumn(const TableFlow& table, std::size_t begin, std::size_t end) const;
   int ColumnOf(int position) const;
   void AddRow(const RowFlow& row, int index);
-  bool JoinAbove(const CellLayout& layout, const Flow& content, int row, int column, int columnSpan);
+  /// The cell that begins at `column`, or that of the rows above which goes on there.
+  Cell& CellAt(int row, int column, int columnSpan, const CellLayout& layout);
+  static void AddContent(Cell& cell, const Flow& content);
 
   int m_rows = 0;
   int m_columns = 0;

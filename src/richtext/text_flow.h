@@ -69,6 +69,7 @@ struct RowLayout {
   bool header = false;
   std::vector<CellLayout> cells;
 };
+  int height = 0;  ///< The least height; negative: just that; 0: as its text needs.
 
 struct RowFlow {
   std::shared_ptr<const RowLayout> layout;

@@ -10,6 +10,7 @@
 
 #include "richtext/document_walker.h"
 #include "richtext/format_properties.h"
+#include "richtext/list_labels.h"
 
 namespace snipdeck::test {
 namespace {
@@ -92,11 +93,12 @@ void Tabs(Facts& facts, const QTextBlockFormat& format) {
 
 void ListFacts(Facts& facts, const QTextBlock& block) {
   const QTextList* list = block.textList();
-  facts.Add("label", block.blockFormat().stringProperty(kListLabel));
+  const QString label = block.blockFormat().stringProperty(kListLabel);
+  facts.Add("label", label);
   if (!list) return;
   facts.Add("list", -int(list->format().style()));
   facts.Add("level", list->format().indent());
-  if (list->format().style() <= QTextListFormat::ListDecimal) facts.Add("number", list->itemText(block));
+  if (label.isEmpty() && !IsBullet(list->format())) facts.Add("number", ListLabel(block));
 }
 
 QString Paragraph(const QTextBlock& block, double indentWidth) {
@@ -135,6 +137,12 @@ QString CellLines(const QTextTableCellFormat& format, const QTextTableFormat& ta
     lines.append(kind == 0 || twips == 0 ? QStringLiteral("-") : QStringLiteral("%1:%2").arg(kind).arg(twips));
   }
   return lines.join(u',');
+}
+
+QString RowHeight(const QTextTableCell& cell) {
+  Facts facts;
+  facts.Add("height", cell.format().intProperty(kRowHeight));
+  return facts.Text();
 }
 
 class Describer : public DocumentVisitor {
@@ -180,7 +188,8 @@ class Describer : public DocumentVisitor {
              .arg(cell.column())
              .arg(cell.rowSpan())
              .arg(cell.columnSpan())
-             .arg(CellLines(cell.format().toTableCellFormat(), table.format()), ColourOf(cell.format().background())));
+             .arg(CellLines(cell.format().toTableCellFormat(), table.format()), ColourOf(cell.format().background())) +
+         RowHeight(cell));
   }
 
  private:

@@ -110,6 +110,8 @@ void HtmlTest::Formats_data() {
   QTest::newRow("link") << QByteArray("<a href='https://example.org/?a=1&amp;b=2'>a</a>")
                         << "link=https://example.org/?a=1&b=2";
   QTest::newRow("points of indent") << QByteArray("<p style='margin-left:36.0pt'>a</p>") << "left=720";
+  QTest::newRow("list start") << QByteArray("<ol type=i start=3><li>a<li>b</ol>") << "number=iv.";
+  QTest::newRow("item number") << QByteArray("<ol><li>a<li value=7>b<li>c</ol>") << "number=8.";
 }
 
 void HtmlTest::Formats() {
@@ -143,7 +145,7 @@ void HtmlTest::WrittenAgainIsTheSame() {
       "<h2>Head</h2><p>a <b>b</b>&nbsp; <i>i</i> <span "
       "style='color:#123456;background-color:#ffff00;font-size:9pt'>c</span></p>"
       "<table border=1><tr><td colspan=2 bgcolor=#00ff00>x</td></tr><tr><td>y</td><td>z</td></tr></table><p>after</p>"
-      "<ol><li>one</li><li>two<ul><li>deep</li></ul></li></ol><p>end</p>";
+      "<ol start=5><li>one</li><li>two<ul><li>deep</li></ul></li></ol><p>end</p>";
   const RichText once = RichText::FromHtml(html);
   const RichText twice = RichText::FromHtml(WriteHtml(once.Document()));
   QCOMPARE(twice.PlainText(), once.PlainText());

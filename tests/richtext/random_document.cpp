@@ -10,6 +10,7 @@
 #include <QUrl>
 
 #include "richtext/format_properties.h"
+#include "richtext/list_labels.h"
 
 namespace snipdeck::test {
 namespace {
@@ -204,6 +205,7 @@ class Writer {
     if (OneIn(8)) format.setProperty(kKeepTogether, true);
     if (OneIn(8)) format.setProperty(kKeepWithNext, true);
     if (OneIn(8)) format.setBackground(Colour());
+    if (OneIn(8)) format.setProperty(kParagraphBorder, QStringLiteral("\\box\\brdrdb\\brdrw20\\brdrcf#12ab00"));
     if (OneIn(8)) format.setHeadingLevel(1 + Below(6));
     return format;
   }
@@ -223,6 +225,7 @@ class Writer {
     QTextListFormat format;
     format.setStyle(kStyles[Below(8)]);
     format.setIndent(1 + Below(3));
+    if (OneIn(3) && !IsBullet(format)) format.setProperty(kListStart, Below(30));
     return format;
   }
 

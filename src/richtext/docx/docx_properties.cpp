@@ -6,6 +6,7 @@
 
 #include "platform/units.h"
 #include "richtext/docx/docx_values.h"
+#include "richtext/paragraph_borders.h"
 
 namespace snipdeck {
 namespace {
@@ -188,13 +189,11 @@ void ReadTabs(QTextBlockFormat& format, XmlPart& xml) {
 }
 
 QByteArray BorderWords(const char* side, const XmlPart& xml) {
-  static constexpr const char* kStyles[] = {"none",  "dot",     "dash",   "s",     "db",    "dashd",
-                                            "dashdd", "engrave", "emboss", "inset", "outset"};
-  const auto style = static_cast<std::size_t>(BorderFromWord(xml.Value()));
   const int width = std::clamp(static_cast<int>(std::lround(xml.Number("sz") * kTwipsPerEighth)), 0, 255);
   const int space = std::clamp(xml.Number("space") * 20, 0, 1000);
-  return QByteArray("\\") + side + "\\brdr" + kStyles[std::min(style, std::size(kStyles) - 1)] + "\\brdrw" +
-         QByteArray::number(width) + "\\brsp" + QByteArray::number(space);
+  const QColor colour = ColourFromWord(xml.Value("color"));
+  return QByteArray("\\") + side + '\\' + BorderWord(BorderFromWord(xml.Value())) + "\\brdrw" + QByteArray::number(width) +
+         "\\brsp" + QByteArray::number(space) + (colour.isValid() ? "\\brdrcf" + colour.name().toLatin1() : QByteArray());
 }
 
 void ReadParagraphBorders(DocxParagraph& paragraph, XmlPart& xml) {

@@ -21,7 +21,9 @@ void DocxWriterLists::WriteParagraph(XmlOut& out, const QTextBlock& block) {
     for (Level& level : list.levels) level.format.setStyle(QTextListFormat::ListDecimal);
   }
   Level& level = list.levels[static_cast<std::size_t>(place.level)];
-  level = {format, label.isEmpty() ? level.label : label};
+  if (level.start < 0) level.start = format.hasProperty(kListStart) ? format.intProperty(kListStart) : 1;
+  level.format = format;
+  if (!label.isEmpty()) level.label = label;
   out.Start("w:numPr");
   out.Value("w:ilvl", place.level);
   out.Value("w:numId", list.number);
@@ -36,7 +38,7 @@ void DocxWriterLists::WriteLevel(XmlOut& out, const Level& level, int number) {
   }
   out.Start("w:lvl");
   out.Attribute("w:ilvl", number);
-  out.Value("w:start", level.format.hasProperty(kListStart) ? level.format.intProperty(kListStart) : 1);
+  out.Value("w:start", level.start < 0 ? 1 : level.start);
   out.Value("w:numFmt", WordForNumberFormat(level.format.style()));
   out.Value("w:lvlText", text);
   out.Value("w:lvlJc", "left");

@@ -21,7 +21,8 @@ class DocxWriterLists {
  private:
   struct Level {
     QTextListFormat format;
-    QString label;  ///< Of one of its paragraphs, where Qt's list cannot show it.
+    QString label;   ///< Of one of its paragraphs, where Qt's list cannot show it.
+    int start = -1;  ///< -1 until the first paragraph came.
   };
   struct List {
     int number = 0;

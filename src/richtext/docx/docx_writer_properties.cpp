@@ -3,12 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
-#include <QRegularExpression>
 #include <QTextList>
 
 #include "richtext/docx/docx_values.h"
 #include "richtext/format_properties.h"
 #include "richtext/format_values.h"
+#include "richtext/paragraph_borders.h"
 
 namespace snipdeck {
 namespace {
@@ -59,37 +59,19 @@ void WriteUnderline(XmlOut& out, const QTextCharFormat& format) {
   if (format.underlineColor().isValid()) out.Attribute("w:color", WordForColour(format.underlineColor()));
 }
 
-void WriteBorder(XmlOut& out, const char* side, const QString& style, int width, int space) {
-  static const QStringList kStyles = {"none",       "dot",        "dash",         "s",            "db",   "dashd",
-                                      "dashdd", "engrave", "emboss", "inset", "outset"};
-  const auto index = std::max<qsizetype>(kStyles.indexOf(style), 0);
-  out.Value(side, WordForBorder(static_cast<QTextFrameFormat::BorderStyle>(index)));
-  out.Attribute("w:sz", static_cast<int>(std::lround(width / 2.5)));
-  out.Attribute("w:space", space / 20);
-  out.Attribute("w:color", QStringLiteral("auto"));
-}
-
-/// The document keeps borders as the words of another format: a side, a style, a width and a space, in twips.
-void WriteBorders(XmlOut& out, const QString& words) {
-  if (words.isEmpty()) return;
-  static const QRegularExpression kBorder(
-      QStringLiteral("\\\\(brdrtbl|brdrt|brdrl|brdrbtw|brdrb|brdrr|box)\\s*((?:\\\\(?:brdr(?:none|dot|dashdd|dashd|dash|db|s|engrave|"
-                     "emboss|inset|outset|w-?\\d+)|brsp-?\\d+)\\s*)*)"));
-  static const QRegularExpression kStyle(QStringLiteral("\\\\brdr(none|dot|dashdd|dashd|dash|db|engrave|emboss|inset|outset|s)"));
-  static const QRegularExpression kWidth(QStringLiteral("\\\\brdrw(\\d+)")), kSpace(QStringLiteral("\\\\brsp(\\d+)"));
-  static constexpr std::pair<const char*, const char*> kSides[] = {
-      {"brdrt", "w:top"}, {"brdrl", "w:left"}, {"brdrb", "w:bottom"}, {"brdrr", "w:right"}, {"brdrbtw", "w:between"}};
+void WriteBorders(XmlOut& out, const QTextBlockFormat& format) {
+  if (!format.hasProperty(kParagraphBorder)) return;
+  constexpr double kTwipsPerEighth = 2.5;
+  static constexpr const char* kSides[] = {"w:top", "w:left", "w:bottom", "w:right", "w:between"};
+  const ParagraphBorders lines = BordersOf(format);
   out.Start("w:pBdr");
-  for (const auto& [word, element] : kSides) {
-    for (auto it = kBorder.globalMatch(words); it.hasNext();) {
-      const QRegularExpressionMatch border = it.next();
-      const bool isSide = border.captured(1) == QLatin1String(word) ||
-                          (border.captured(1) == QLatin1String("box") && qstrcmp(word, "brdrbtw") != 0);
-      if (!isSide) continue;
-      const QString details = border.captured(2);
-      WriteBorder(out, element, kStyle.match(details).captured(1), kWidth.match(details).captured(1).toInt(),
-                  kSpace.match(details).captured(1).toInt());
-    }
+  for (std::size_t side = 0; side < kBorderSides; ++side) {
+    const BorderLine& line = lines[side];
+    if (line.width <= 0) continue;
+    out.Value(kSides[side], WordForBorder(line.style));
+    out.Attribute("w:sz", static_cast<int>(std::lround(line.width / kTwipsPerEighth)));
+    out.Attribute("w:space", line.space / 20);
+    out.Attribute("w:color", line.colour.isValid() ? WordForColour(line.colour) : QStringLiteral("auto"));
   }
   out.End();
 }
@@ -224,7 +206,7 @@ void WriteParagraphProperties(XmlOut& out, const QTextBlock& block, const QFont&
   EmptyIf(out, format.boolProperty(kKeepTogether), "w:keepLines");
   EmptyIf(out, format.pageBreakPolicy() & QTextFormat::PageBreak_AlwaysBefore, "w:pageBreakBefore");
   lists.WriteParagraph(out, block);
-  WriteBorders(out, format.stringProperty(kParagraphBorder));
+  WriteBorders(out, format);
   WriteShading(out, format.background());
   WriteTabs(out, ShiftedTabs(format.tabPositions(), TabOrigin(format, ListSteps(block), indentWidth)));
   EmptyIf(out, format.layoutDirection() == Qt::RightToLeft, "w:bidi");

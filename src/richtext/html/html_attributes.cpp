@@ -9,6 +9,8 @@
 namespace snipdeck {
 namespace {
 
+constexpr char kListStartMark[] = "start:";
+constexpr int kMaxListStart = 1'000'000;
 constexpr int kMaxColumns = 200;
 constexpr int kMaxRowSpan = 1000;
 // Qt's tables take time for each cell that a span covers; what people make has few large spans.
@@ -32,6 +34,14 @@ QString Size(double points, double& fontSize) {
   return QStringLiteral("font-size:%1pt;").arg(points);
 }
 
+QString ListStartStyle(const QString& start) {
+  bool isNumber = false;
+  const int number = start.trimmed().toInt(&isNumber);
+  return QStringLiteral("-qt-list-number-prefix:'%1%2';")
+      .arg(QLatin1String(kListStartMark))
+      .arg(isNumber ? std::clamp(number, 0, kMaxListStart) : 1);
+}
+
 QString ImpliedStyle(const HtmlToken& token, double& fontSize) {
   const QString& name = token.name;
   QString css;
@@ -44,6 +54,7 @@ QString ImpliedStyle(const HtmlToken& token, double& fontSize) {
     }
     return FilterDeclarations(css, fontSize);
   }
+  if (name == QLatin1String("ol")) return ListStartStyle(ValueOf(token, "start"));
   if (name == QLatin1String("big")) return Size(fontSize * 1.2, fontSize);
   if (name == QLatin1String("small")) return Size(fontSize / 1.2, fontSize);
   if (name == QLatin1String("mark")) return QStringLiteral("background-color:#ffff00;");
@@ -52,7 +63,7 @@ QString ImpliedStyle(const HtmlToken& token, double& fontSize) {
 }
 
 bool IsSensibleNumber(const HtmlAttribute& attribute) {
-  static const QSet<QString> kNumbers = {"border", "cellpadding", "cellspacing", "width", "height", "start"};
+  static const QSet<QString> kNumbers = {"border", "cellpadding", "cellspacing", "width", "height"};
   if (!kNumbers.contains(attribute.name)) return true;
   QString digits = attribute.value.trimmed();
   if (digits.endsWith(u'%')) digits.chop(1);
@@ -101,6 +112,16 @@ QString PictureSize(const HtmlToken& token) {
   return size;
 }
 
+int ListStartIn(const QString& numberPrefix) {
+  const QLatin1String mark(kListStartMark);
+  return numberPrefix.startsWith(mark) ? numberPrefix.mid(mark.size()).toInt() : 1;
+}
+
+QString WithListStart(QString startTag, int start) {
+  static const QRegularExpression kStart(QLatin1String(kListStartMark) + QStringLiteral("\\d+"));
+  return startTag.replace(kStart, QLatin1String(kListStartMark) + QString::number(std::clamp(start, 0, kMaxListStart)));
+}
+
 QString HtmlAttributes::Kept(const HtmlToken& token, double& fontSize) {
   QString css = ImpliedStyle(token, fontSize);
   css += FilterDeclarations(ValueOf(token, "style").replace(QLatin1String("&quot;"), QLatin1String("'")), fontSize);
@@ -112,7 +133,7 @@ QString HtmlAttributes::Kept(const HtmlToken& token, double& fontSize) {
 
 QString HtmlAttributes::Attribute(const QString& element, const HtmlAttribute& attribute) {
   static const QSet<QString> kKept = {"class",       "align", "valign", "bgcolor", "dir",  "border", "cellpadding",
-                                      "cellspacing", "width", "height", "type",    "name", "start"};
+                                      "cellspacing", "width", "height", "type",    "name"};
   if (attribute.value.isEmpty() || attribute.value.size() > 2000 || element == QLatin1String("font")) return {};
   if (attribute.name == QLatin1String("href")) {
     return element == QLatin1String("a") && IsHarmlessLink(attribute.value)

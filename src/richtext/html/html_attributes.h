@@ -16,6 +16,12 @@ bool IsAddress(const QString& alternative);
 /// Width and height of a picture, as attributes.
 QString PictureSize(const HtmlToken& token);
 
+/// Qt's importer does not know where a list begins to count, but keeps what stands before its numbers: the start tag of
+/// every numbered list says it there.
+int ListStartIn(const QString& numberPrefix);
+/// The start tag of a numbered list, with another start.
+QString WithListStart(QString startTag, int start);
+
 /// Of the attributes of one page's elements, those that are harmless and that Qt understands.
 class HtmlAttributes {
  public:

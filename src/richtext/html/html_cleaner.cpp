@@ -180,7 +180,19 @@ class Cleaner {
       return;
     }
     if (element.isBlock) StartBlock();
+    if (token.name == QLatin1String("li")) TakeItemNumber(ValueOf(token, "value"));
     Push(token, IsTooMany(token) ? ElementNamed(QStringLiteral("div")) : element);
+  }
+
+  /// A list goes on as another one where an item says its number.
+  void TakeItemNumber(const QString& value) {
+    bool isNumber = false;
+    const int number = value.trimmed().toInt(&isNumber);
+    if (!isNumber || m_open.isEmpty() || m_open.last().name != QLatin1String("ol")) return;
+    OpenElement& list = m_open.last();
+    Write(list.endTag);
+    list.startTag = WithListStart(list.startTag, number);
+    Write(list.startTag);
   }
 
   /// Items and cells beyond what lists and tables can take are plain paragraphs.

@@ -3,10 +3,15 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
+#include <QTextList>
 #include <QUrl>
 #include <QVariant>
 
+#include "richtext/format_properties.h"
+#include "richtext/format_values.h"
+#include "richtext/html/html_attributes.h"
 #include "richtext/html/html_cleaner.h"
+#include "richtext/list_labels.h"
 #include "richtext/text/text_decoder.h"
 
 namespace snipdeck {
@@ -65,6 +70,30 @@ void DropParagraphsBehindTables(QTextDocument& document) {
   cursor.endEditBlock();
 }
 
+void TakeListStart(QTextList& list) {
+  QTextListFormat format = list.format();
+  if (!format.hasProperty(QTextFormat::ListNumberPrefix)) return;
+  const int start = ListStartIn(format.numberPrefix());
+  format.clearProperty(QTextFormat::ListNumberPrefix);
+  if (start != 1 && !IsBullet(format)) format.setProperty(kListStart, start);
+  list.setFormat(format);
+}
+
+/// Lists that do not begin with 1 are labelled by us, and every label has room beside its paragraph.
+void TidyLists(QTextDocument& document) {
+  constexpr double kLeastIndent = 24;
+  for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+    QTextList* const list = block.textList();
+    if (!list) continue;
+    TakeListStart(*list);
+    const QTextBlockFormat before = block.blockFormat();
+    QTextBlockFormat format = before;
+    if (list->format().hasProperty(kListStart)) TakeLabelFromQt(format);
+    format.setLeftMargin(std::max(format.leftMargin(), kLeastIndent - ListSteps(block) * document.indentWidth()));
+    if (format != before) QTextCursor(block).setBlockFormat(format);
+  }
+}
+
 }  // namespace
 
 QStringList ReadHtml(QByteArrayView html, QTextDocument& document) {
@@ -74,6 +103,7 @@ QStringList ReadHtml(QByteArrayView html, QTextDocument& document) {
     document.addResource(QTextDocument::ImageResource, QUrl(it.key()), it.value());
   }
   document.setHtml(CleanText(clean.html));
+  TidyLists(document);
   DropSizeSteps(document);
   DropParagraphsBehindTables(document);
   return clean.warnings;

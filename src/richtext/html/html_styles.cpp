@@ -1,8 +1,13 @@
 #include "richtext/html/html_styles.h"
 
+#include <array>
+
 #include <QFont>
 
+#include "platform/units.h"
+#include "richtext/format_properties.h"
 #include "richtext/format_values.h"
+#include "richtext/paragraph_borders.h"
 
 namespace snipdeck {
 namespace {
@@ -70,6 +75,32 @@ QString CssForCharacters(const QTextCharFormat& format) {
   return css;
 }
 
+namespace {
+
+const char* CssOfLine(QTextFrameFormat::BorderStyle style) {
+  constexpr std::array<const char*, 11> kWords = {"none",   "dotted", "dashed", "solid", "double", "dashed",
+                                                  "dashed", "groove", "ridge",  "inset", "outset"};
+  const auto index = static_cast<std::size_t>(style);
+  return index < kWords.size() ? kWords[index] : "solid";
+}
+
+void Borders(QString& css, const QTextBlockFormat& format) {
+  if (!format.hasProperty(kParagraphBorder)) return;
+  constexpr std::array<const char*, 4> kSides = {"top", "left", "bottom", "right"};
+  const ParagraphBorders lines = BordersOf(format);
+  for (std::size_t side = 0; side < kSides.size(); ++side) {
+    const BorderLine& line = lines[side];
+    if (line.width <= 0) continue;
+    QString value = Pixels(line.width / kTwipsPerPixel) + u' ' + QLatin1String(CssOfLine(line.style));
+    if (line.colour.isValid()) value += u' ' + line.colour.name();
+    Declare(css, (QByteArray("border-") + kSides[side]).constData(), value);
+    if (line.space > 0)
+      Declare(css, (QByteArray("padding-") + kSides[side]).constData(), Pixels(line.space / kTwipsPerPixel));
+  }
+}
+
+}  // namespace
+
 QString CssForParagraph(const QTextBlockFormat& format) {
   QString css;
   Declare(css, "margin",
@@ -86,6 +117,7 @@ QString CssForParagraph(const QTextBlockFormat& format) {
   }
   if (format.pageBreakPolicy() & QTextFormat::PageBreak_AlwaysBefore) Declare(css, "page-break-before", "always");
   if (IsVisible(format.background())) Declare(css, "background-color", format.background().color().name());
+  Borders(css, format);
   return css;
 }
 

@@ -35,6 +35,13 @@ QString ListTag(const QTextList& list) {
   }
 }
 
+/// What a list counts from when `block` begins it.
+int FirstNumber(const QTextBlock& block) {
+  const QTextListFormat format = block.textList()->format();
+  const int start = format.hasProperty(kListStart) ? format.intProperty(kListStart) : 1;
+  return start + block.textList()->itemNumber(block);
+}
+
 /// HTML shows one blank for many, and takes wide and narrow blanks for plain ones, unless it is told otherwise.
 bool NeedsBlanksKept(const QString& text) {
   const auto isSpecial = [](QChar character) {
@@ -158,7 +165,9 @@ class HtmlVisitor : public DocumentVisitor {
       CloseLists(m_lists.size() - 1);
     }
     m_lists.append(place);
-    const QString tag = ListTag(*block.textList());
+    QString tag = ListTag(*block.textList());
+    const int first = FirstNumber(block);
+    if (first != 1 && tag.startsWith(QLatin1String("ol"))) tag += QStringLiteral(" start=\"%1\"").arg(first);
     m_closings.append(tag.left(2));
     m_html += QLatin1Char('<') + tag + QLatin1String(" style=\"margin:0;\">\n");
   }

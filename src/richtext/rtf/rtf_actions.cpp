@@ -1,5 +1,6 @@
 #include "richtext/rtf/rtf_actions.h"
 
+#include "richtext/paragraph_borders.h"
 #include "richtext/rtf/rtf_parser.h"
 
 namespace snipdeck::rtf_actions {
@@ -167,14 +168,10 @@ void BorderOfParagraph(RtfParser& parser, int side) {
 }
 
 void BorderStyle(RtfParser& parser, int qtStyle) {
-  static constexpr const char* kStyles[] = {"\\brdrnone",   "\\brdrdot",   "\\brdrdash",   "\\brdrs",
-                                            "\\brdrdb",     "\\brdrdashd", "\\brdrdashdd", "\\brdrengrave",
-                                            "\\brdremboss", "\\brdrinset", "\\brdroutset"};
+  const auto style = static_cast<QTextFrameFormat::BorderStyle>(qtStyle);
   if (parser.State().border == RtfBorderTarget::Paragraph)
-    return AddBorderWords(parser, kStyles[std::clamp(qtStyle, 0, 10)]);
-  if (parser.State().border == RtfBorderTarget::Row) {
-    parser.CurrentRows().BorderStyle(static_cast<QTextFrameFormat::BorderStyle>(qtStyle));
-  }
+    return AddBorderWords(parser, QByteArray("\\") + BorderWord(style));
+  if (parser.State().border == RtfBorderTarget::Row) parser.CurrentRows().BorderStyle(style);
 }
 
 void BorderWidth(RtfParser& parser, int twips) {
@@ -188,8 +185,12 @@ void BorderSpace(RtfParser& parser, int twips) {
   if (parser.State().border == RtfBorderTarget::Paragraph) AddBorderWords(parser, Word("\\brsp", Clamped(twips)));
 }
 
-// The colours of paragraph borders are not kept: their words would name an entry of this stream's colour table.
 void BorderColour(RtfParser& parser, int index) {
+  if (parser.State().border == RtfBorderTarget::Paragraph) {
+    const QRgb colour = parser.Colours().Find(index);
+    if (index > 0 && qAlpha(colour)) AddBorderWords(parser, "\\brdrcf" + QColor::fromRgb(colour).name().toLatin1());
+    return;
+  }
   if (parser.State().border == RtfBorderTarget::Row) parser.CurrentRows().BorderColour(index);
 }
 

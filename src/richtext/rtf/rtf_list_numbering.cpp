@@ -1,6 +1,8 @@
 #include "richtext/rtf/rtf_list_numbering.h"
 
 #include "richtext/format_properties.h"
+#include "richtext/list_labels.h"
+#include "richtext/rtf/rtf_symbols.h"
 
 namespace snipdeck {
 namespace {
@@ -12,26 +14,6 @@ constexpr int kManyItems = 5000;
 constexpr int kMaxItemsWhereMany = 64;
 constexpr int kLeastTextIndent = 360;
 constexpr int kOldListIndent = 360;
-constexpr int kMaxRoman = 4000;
-
-QString Roman(int number) {
-  static constexpr struct {
-    int value;
-    const char* letters;
-  } kParts[] = {{1000, "m"}, {900, "cm"}, {500, "d"}, {400, "cd"}, {100, "c"}, {90, "xc"}, {50, "l"},
-                {40, "xl"},  {10, "x"},   {9, "ix"},  {5, "v"},    {4, "iv"},  {1, "i"}};
-  QString roman;
-  for (const auto& part : kParts) {
-    for (; number >= part.value; number -= part.value) roman += QLatin1String(part.letters);
-  }
-  return roman;
-}
-
-// a to z, then aa, bb, ...
-QString Letters(int number) {
-  const int repeat = std::min((number - 1) / 26 + 1, 30);
-  return QString(repeat, QChar(u'a' + (number - 1) % 26));
-}
 
 QTextListFormat::Style StyleOf(int format, const QString& bullet) {
   switch (format) {
@@ -54,26 +36,29 @@ QTextListFormat::Style StyleOf(int format, const QString& bullet) {
   return QTextListFormat::ListDisc;
 }
 
+// Signs of symbol fonts that no other font has are shown as the bullet that comes closest.
 bool IsUsualBullet(const QString& text) {
-  static const QString kUsual =
-      QStringLiteral("\u2022\u00B7\u25CF\u25CB\u25E6\u25AA\u25A0o\uF0B7\uF0A7\uF06F\uF06C\uF06E");
-  return text.isEmpty() || (text.size() == 1 && kUsual.contains(text));
+  static const QString kUsual = QStringLiteral("\u2022\u00B7\u25CF\u25CB\u25E6\u25AA\u25A0o");
+  if (text.isEmpty()) return true;
+  return text.size() == 1 && (kUsual.contains(text) || (text[0].unicode() >> 12) == 0xF);
 }
 
-// Formats that Qt's lists number by themselves.
-bool QtCounts(int format) {
+QChar SignOf(QChar c, RtfSymbolFont font) {
+  const int code = c.unicode() >= 0xF000 ? c.unicode() - 0xF000 : c.unicode();
+  return font == RtfSymbolFont::None || code > 0xFF ? c : QChar(SymbolToUnicode(font, code));
+}
+
+// Formats that lists number by themselves.
+bool ListCounts(int format) {
   return format >= 0 && format <= 4;
 }
 
 }  // namespace
 
 QString FormatListNumber(int number, int format) {
-  const bool roman = (format == 1 || format == 2) && number > 0 && number < kMaxRoman;
-  const bool letters = (format == 3 || format == 4) && number > 0;
-  if (roman) return format == 1 ? Roman(number).toUpper() : Roman(number);
-  if (letters) return format == 3 ? Letters(number).toUpper() : Letters(number);
   if (format == kNumberNone || format == kNumberBullet) return QString();
-  return format == 22 && number < 10 ? QLatin1Char('0') + QString::number(number) : QString::number(number);
+  const QString shown = ListNumber(number, StyleOf(format, QString()));
+  return format == 22 && number < 10 ? QLatin1Char('0') + shown : shown;
 }
 
 RtfListItem RtfListNumbering::Item(const ParagraphState& paragraph, const QString& shown) {
@@ -120,8 +105,9 @@ RtfListNumbering::Label RtfListNumbering::LabelOf(const RtfList& list, int level
   const QString text = layout.text.isEmpty() ? QString() : layout.text.mid(1, layout.text.at(0).unicode());
   int placeholders = 0;
   bool others = false;
-  for (const QChar c : text) {
+  for (QChar c : text) {
     if (c.unicode() >= kListLevels) {
+      if (label.format == kNumberBullet) c = SignOf(c, layout.symbols);
       (placeholders ? label.suffix : label.prefix).append(c);
       label.whole.append(c);
       continue;
@@ -134,7 +120,8 @@ RtfListNumbering::Label RtfListNumbering::LabelOf(const RtfList& list, int level
     const int number = !counters.started[which] ? list.levels[which].start : current ? run.next : run.next - 1;
     label.whole.append(FormatListNumber(number, list.levels[which].format));
   }
-  const bool usual = label.format == kNumberBullet ? IsUsualBullet(text) : !others && placeholders == 1;
+  if (label.format == kNumberBullet) label.prefix = label.whole;
+  const bool usual = label.format == kNumberBullet ? IsUsualBullet(label.whole) : !others && placeholders == 1;
   if (usual) label.whole.clear();
   return label;
 }
@@ -160,8 +147,7 @@ RtfListItem RtfListNumbering::Join(Run& run, const Label& label, int number, int
   ++run.count;
   run.next = number + 1;
   RtfListItem item{run.list, level, label.whole, 0};
-  const bool qtShowsIt = label.format == kNumberBullet || (QtCounts(label.format) && run.count == number);
-  if (item.label.isEmpty() && !qtShowsIt) {
+  if (item.label.isEmpty() && label.format != kNumberBullet && !ListCounts(label.format)) {
     item.label = label.prefix + FormatListNumber(number, label.format) + label.suffix;
   }
   return item;

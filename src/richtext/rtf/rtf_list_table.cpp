@@ -53,6 +53,8 @@ bool RtfListTable::LevelWord(std::string_view word, int value) {
       level->format = std::clamp(value, 0, kNumberNone);
     else if (word == "levelstartat")
       level->start = std::clamp(value, 0, kMaxStart);
+    else if (const RtfFont* font = word == "f" ? m_fonts.Find(value) : nullptr)
+      level->symbols = font->symbol;
     else if (word == "li")
       level->leftIndent = std::clamp(value, -31680, 31680);
     else if (word == "fi")

@@ -4,7 +4,7 @@
 
 #include <QHash>
 
-#include "richtext/rtf/rtf_destination.h"
+#include "richtext/rtf/rtf_fonts.h"
 
 namespace snipdeck {
 
@@ -18,6 +18,7 @@ struct RtfListLevel {
   int start = 1;
   int leftIndent = 0;  ///< Twips
   int firstLine = 0;   ///< Twips
+  RtfSymbolFont symbols = RtfSymbolFont::None;  ///< Of the label's font.
   QString text;  ///< As in the stream: its length, then characters, of which 0 to 8 stand for the levels' numbers.
 };
 
@@ -40,6 +41,8 @@ class ListDefinitions {
 /// The list table and the list override table, as one destination.
 class RtfListTable : public RtfDestination, public ListDefinitions {
  public:
+  explicit RtfListTable(const RtfFonts& fonts) : m_fonts(fonts) {}
+
   const RtfList* Find(int overrideNumber) const override;
   bool Restarts(int overrideNumber) const override;
   /// Where the groups \leveltext go.
@@ -62,6 +65,7 @@ class RtfListTable : public RtfDestination, public ListDefinitions {
   void FinishOverride();
   RtfListLevel* CurrentLevel();
 
+  const RtfFonts& m_fonts;
   QHash<int, RtfList> m_lists;
   QHash<int, Override> m_overrides;
   RtfList m_list;

@@ -95,7 +95,7 @@ class RtfParser {
   RtfColours m_colours;
   RtfFormats m_formats{m_fonts, m_colours};
   RtfStyles m_styles{*this};
-  RtfListTable m_lists;
+  RtfListTable m_lists{m_fonts};
   RtfListNumbering m_numbering{m_lists, m_formats.Lists()};
   std::deque<RtfRows> m_rows;
   RtfFields m_fields{m_formats};

@@ -40,6 +40,14 @@ bool SetSize(RtfPictureInfo& info, std::string_view word, int value) {
     info.scaleX = std::clamp(value, 1, 10000);
   else if (word == "picscaley")
     info.scaleY = std::clamp(value, 1, 10000);
+  else if (word == "piccropl")
+    info.cropLeft = size;
+  else if (word == "piccropt")
+    info.cropTop = size;
+  else if (word == "piccropr")
+    info.cropRight = size;
+  else if (word == "piccropb")
+    info.cropBottom = size;
   else if (word == "wbmbitspixel")
     info.bitsPerPixel = std::clamp(value, 1, 32);
   else if (word == "wbmwidthbytes")
@@ -70,18 +78,33 @@ bool SetType(RtfPictureInfo& info, std::string_view word) {
 
 }  // namespace
 
+QRect RtfPictureInfo::ShownPart(QSize pixels) const {
+  const auto cut = [](int twips, int goal, int side) {
+    const double whole = goal > 0 ? goal : side * kTwipsPerPixel;
+    return qRound(std::min(twips / whole, 1.0) * side);
+  };
+  const QRect part = QRect(QPoint(), pixels)
+                         .adjusted(cut(cropLeft, goalWidth, pixels.width()), cut(cropTop, goalHeight, pixels.height()),
+                                   -cut(cropRight, goalWidth, pixels.width()),
+                                   -cut(cropBottom, goalHeight, pixels.height()));
+  return part.isEmpty() ? QRect(QPoint(), pixels) : part;
+}
+
 QSizeF RtfPictureInfo::ShownSize(QSize natural) const {
   const bool metafile = type == Type::Metafile;
-  const auto side = [&](int goal, int raw, int pixels, int scale) {
-    double shown = goal / kTwipsPerPixel;
+  const auto side = [&](int goal, int cut, int raw, int pixels, int scale) {
+    double shown = (cut < goal ? goal - cut : goal) / kTwipsPerPixel;
     if (goal == 0) shown = metafile ? raw * kPixelsPerHundredthMillimetre : pixels > 0 ? pixels : raw;
     return std::clamp(shown * scale / 100.0, 1.0, double(kMaxPixels));
   };
-  return {side(goalWidth, width, natural.width(), scaleX), side(goalHeight, height, natural.height(), scaleY)};
+  return {side(goalWidth, cropLeft + cropRight, width, natural.width(), scaleX),
+          side(goalHeight, cropTop + cropBottom, height, natural.height(), scaleY)};
 }
 
 QTextImageFormat RtfPictures::Add(const RtfPictureInfo& info, const QByteArray& data) {
   QImage image = Decode(info, data);
+  const QRect part = info.ShownPart(image.size());
+  if (!image.isNull() && part.size() != image.size()) image = image.copy(part);
   const QSize natural = image.isNull() ? (info.width > 0 || info.goalWidth > 0 ? QSize() : kUnknownSize) : image.size();
   if (image.isNull()) {
     m_warnings.Add(QStringLiteral("picture shown as a grey field"));

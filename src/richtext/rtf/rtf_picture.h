@@ -20,12 +20,18 @@ struct RtfPictureInfo {
   int height = 0;
   int goalWidth = 0;
   int goalHeight = 0;
+  int cropLeft = 0;  ///< Cut off before the picture is scaled.
+  int cropTop = 0;
+  int cropRight = 0;
+  int cropBottom = 0;
   int scaleX = 100;  ///< Percent
   int scaleY = 100;
   int bitsPerPixel = 1;  ///< Of a device-dependent bitmap.
   int bytesPerLine = 0;
 
-  /// The size on the page in pixels, from `natural` (pixels) where the stream does not say; at least one by one.
+  /// The part of a picture of `pixels` that is left to be shown; never empty.
+  QRect ShownPart(QSize pixels) const;
+  /// The size on the page in pixels, from `natural` (pixels of the part that is shown) where the stream does not say; at least one by one.
   QSizeF ShownSize(QSize natural) const;
 };
 

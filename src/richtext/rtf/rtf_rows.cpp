@@ -13,7 +13,7 @@ bool SameCell(const CellLayout& a, const CellLayout& b) {
 }
 
 bool SameRow(const RowLayout& a, const RowLayout& b) {
-  return a.left == b.left && a.gap == b.gap && a.alignment == b.alignment && a.header == b.header &&
+  return a.left == b.left && a.gap == b.gap && a.alignment == b.alignment && a.header == b.header && a.height == b.height &&
          std::equal(a.cells.begin(), a.cells.end(), b.cells.begin(), b.cells.end(), SameCell);
 }
 

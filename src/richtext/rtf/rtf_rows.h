@@ -14,6 +14,7 @@ class RtfRows {
   void CellEdge(int twips);
   void SetLeft(int twips) { m_row.left = twips; }
   void SetGap(int twips) { m_row.gap = twips; }
+  void SetHeight(int twips) { m_row.height = twips; }
   void SetHeader(int) { m_row.header = true; }
   void AlignLeft(int) { m_row.alignment = Qt::AlignLeft; }
   void AlignCentre(int) { m_row.alignment = Qt::AlignHCenter; }

@@ -58,16 +58,15 @@ void WriteLabel(RtfOutput& out, const QList<LabelPiece>& pieces) {
 
 void RtfLists::WriteParagraph(RtfOutput& out, const QTextBlock& block) {
   const ListPlace place = PlaceInList(block);
-  QString label = block.blockFormat().stringProperty(kListLabel);
   if (place.id) {
+    const QString own = block.blockFormat().stringProperty(kListLabel);
     const QTextListFormat format = block.textList()->format();
-    List& list = ListFor({place.id, IsBullet(format) ? label : QString()});
-    Level& level = list.levels[static_cast<size_t>(place.level)];
-    level = {format, label.isEmpty() ? level.label : label};
+    List& list = ListFor({place.id, IsBullet(format) ? own : QString()});
+    list.levels[static_cast<size_t>(place.level)].Take(format, own);
     out.Word("ls", list.number);
     out.Word("ilvl", place.level);
-    if (label.isEmpty()) label = ListLabel(block);
   }
+  const QString label = ListLabel(block);
   if (label.isEmpty()) return;
   out.OpenGroup("listtext");
   out.Text(label);
@@ -83,6 +82,13 @@ RtfLists::List& RtfLists::ListFor(const Key& key) {
   return m_lists.emplace(key, list).first->second;
 }
 
+// A long list is several of Qt's, which begin where the one before them ends.
+void RtfLists::Level::Take(const QTextListFormat& next, const QString& nextLabel) {
+  if (start < 0) start = next.hasProperty(kListStart) ? next.intProperty(kListStart) : 1;
+  format = next;
+  if (!nextLabel.isEmpty()) label = nextLabel;
+}
+
 void RtfLists::WriteLevel(RtfOutput& out, const Level& level, int number) {
   constexpr int kStepTwips = 360;
   const QTextListFormat& format = level.format;
@@ -91,7 +97,7 @@ void RtfLists::WriteLevel(RtfOutput& out, const Level& level, int number) {
   out.Word("levelnfcn", NumberCode(format.style()));
   out.Word("leveljc", 0);
   out.Word("levelfollow", 0);
-  out.Word("levelstartat", format.hasProperty(kListStart) ? format.intProperty(kListStart) : 1);
+  out.Word("levelstartat", level.start < 0 ? 1 : level.start);
   WriteLabel(out, PiecesOfLabel(format, level.label, number));
   out.Word("fi", -kStepTwips);
   out.Word("li", kStepTwips * 2 * (number + 1));

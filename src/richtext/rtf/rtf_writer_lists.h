@@ -23,7 +23,9 @@ class RtfLists {
  private:
   struct Level {
     QTextListFormat format;
-    QString label;  ///< as the text's own writer showed it, where Qt's list cannot
+    QString label;   ///< as the text's own writer showed it, where Qt's list cannot
+    int start = -1;  ///< -1 until the first paragraph came
+    void Take(const QTextListFormat& next, const QString& nextLabel);
   };
   struct List {
     int number;

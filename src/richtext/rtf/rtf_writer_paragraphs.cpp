@@ -4,6 +4,7 @@
 
 #include "richtext/format_properties.h"
 #include "richtext/format_values.h"
+#include "richtext/paragraph_borders.h"
 
 namespace snipdeck {
 namespace {
@@ -104,7 +105,8 @@ void RtfParagraphWords::Decoration(RtfOutput& out, const QTextBlockFormat& forma
     out.Word("cbpat", m_header.Colour(format.background().color()));
   }
   const QByteArray border = format.stringProperty(kParagraphBorder).toLatin1();
-  if (!border.isEmpty()) out.Raw(border + ' ');
+  if (border.isEmpty()) return;
+  out.Raw(WithColourNumbers(border, [this](const QColor& colour) { return m_header.Colour(colour); }) + ' ');
 }
 
 }  // namespace snipdeck

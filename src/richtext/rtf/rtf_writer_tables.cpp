@@ -5,6 +5,7 @@
 
 #include "richtext/format_properties.h"
 #include "richtext/format_values.h"
+#include "richtext/paragraph_borders.h"
 
 namespace snipdeck {
 namespace {
@@ -12,31 +13,6 @@ namespace {
 constexpr int kDefaultTextWidth = 9360;
 constexpr int kNarrowestColumn = 30;
 constexpr int kThickestLine = 255;
-
-const char* LineWord(QTextFrameFormat::BorderStyle style) {
-  switch (style) {
-    case QTextFrameFormat::BorderStyle_Dotted:
-      return "brdrdot";
-    case QTextFrameFormat::BorderStyle_Dashed:
-      return "brdrdash";
-    case QTextFrameFormat::BorderStyle_Double:
-      return "brdrdb";
-    case QTextFrameFormat::BorderStyle_DotDash:
-      return "brdrdashd";
-    case QTextFrameFormat::BorderStyle_DotDotDash:
-      return "brdrdashdd";
-    case QTextFrameFormat::BorderStyle_Groove:
-      return "brdrengrave";
-    case QTextFrameFormat::BorderStyle_Ridge:
-      return "brdremboss";
-    case QTextFrameFormat::BorderStyle_Inset:
-      return "brdrinset";
-    case QTextFrameFormat::BorderStyle_Outset:
-      return "brdroutset";
-    default:
-      return "brdrs";
-  }
-}
 
 struct Line {
   QTextFrameFormat::BorderStyle style = QTextFrameFormat::BorderStyle_None;
@@ -47,7 +23,7 @@ struct Line {
 void WriteLine(RtfOutput& out, RtfHeader& header, const char* side, const Line& line) {
   if (line.style == QTextFrameFormat::BorderStyle_None || line.width <= 0) return;
   out.Word(side);
-  out.Word(LineWord(line.style));
+  out.Word(BorderWord(line.style));
   out.Word("brdrw", std::clamp(TwipsFromLength(line.width), 1, kThickestLine));
   if (line.brush.style() != Qt::NoBrush) out.Word("brdrcf", header.Colour(line.brush.color()));
 }
@@ -107,13 +83,24 @@ int LeftEdge(const QTextTableFormat& format) {
   return TwipsFromLength(format.leftMargin()) - TwipsFromLength(format.cellPadding());
 }
 
-void WriteRowPlace(RtfOutput& out, const QTextTableFormat& format, int row) {
+/// That of a cell which begins in the row.
+int RowHeight(const QTextTable& table, int row) {
+  for (int column = 0; column < table.columns(); ++column) {
+    const QTextTableCell cell = table.cellAt(row, column);
+    if (cell.row() == row) return cell.format().intProperty(kRowHeight);
+  }
+  return 0;
+}
+
+void WriteRowPlace(RtfOutput& out, const QTextTable& table, int row) {
+  const QTextTableFormat format = table.format();
   out.Word("trowd");
   out.Word("trgaph", TwipsFromLength(format.cellPadding()));
   out.Word("trleft", LeftEdge(format));
   if (format.alignment() & Qt::AlignHCenter) out.Word("trqc");
   if (format.alignment() & Qt::AlignRight) out.Word("trqr");
   if (row < format.headerRowCount()) out.Word("trhdr");
+  if (const int height = RowHeight(table, row)) out.Word("trrh", height);
 }
 
 int FixedTwips(const QTextLength& length, int whole) {
@@ -183,7 +170,7 @@ TableShape ShapeOf(const QTextTable& table, int textWidthTwips) {
 void WriteRowDefinition(RtfOutput& out, RtfHeader& header, const QTextTable& table, int row, const TableShape& shape) {
   const QTextTableFormat format = table.format();
   const int left = LeftEdge(format);
-  WriteRowPlace(out, format, row);
+  WriteRowPlace(out, table, row);
   for (int column = 0; column < table.columns();) {
     const QTextTableCell cell = table.cellAt(row, column);
     const int end = std::max(column + 1, cell.column() + cell.columnSpan());

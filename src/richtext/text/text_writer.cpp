@@ -1,11 +1,10 @@
 #include "richtext/text/text_writer.h"
 
 #include <QTextDocument>
-#include <QTextList>
 
 #include "richtext/document_walker.h"
 #include "richtext/format_properties.h"
-#include "richtext/format_values.h"
+#include "richtext/list_labels.h"
 
 namespace snipdeck {
 namespace {
@@ -42,8 +41,7 @@ class TextVisitor : public DocumentVisitor {
   }
 
   void Label(const QTextBlock& block) {
-    QString label = block.blockFormat().stringProperty(kListLabel);
-    if (label.isEmpty() && block.textList()) label = ListLabel(block);
+    const QString label = ListLabel(block);
     if (!label.isEmpty()) m_text += label + QLatin1Char('\t');
   }
 

@@ -14,6 +14,7 @@
 #include "richtext/document_walker.h"
 #include "richtext/format_properties.h"
 #include "richtext/format_values.h"
+#include "richtext/list_labels.h"
 #include "richtext/ooxml/xml_out.h"
 
 namespace snipdeck {
@@ -100,8 +101,7 @@ class XlsxVisitor : public DocumentVisitor {
   void BeginBlock(const QTextBlock& block) override {
     if (InTable() && m_hasParagraph) Add(QStringLiteral("\n"), QTextCharFormat());
     m_hasParagraph = true;
-    const QString shown = block.blockFormat().stringProperty(kListLabel);
-    const QString label = shown.isEmpty() && block.textList() ? ListLabel(block) : shown;
+    const QString label = ListLabel(block);
     if (!label.isEmpty()) Add(label + u' ', QTextCharFormat());
     Progress(block);
   }
