@@ -15,6 +15,8 @@ class ChangeWatch {
   virtual void StartWatching(Handler onChange) = 0;
   /// No change is told afterwards.
   virtual void StopWatching() = 0;
+  /// While held, changes are read but not told; afterwards they are told one after the other, by the event loop.
+  virtual void Hold(bool hold) = 0;
 };
 
 }  // namespace snipdeck

@@ -32,6 +32,17 @@ struct Latency {
   double p99;
 };
 
+/// How long the lost copies stood before the next one, in milliseconds, for whoever looks into a loss.
+void PrintLost(const CaptureStage::Run& run) {
+  std::vector<bool> captured(run.takenAt.size() + 1, false);
+  for (const auto& capture : run.captures) captured.at(static_cast<size_t>(capture.number)) = true;
+  for (size_t n = 1; n + 1 < run.takenAt.size(); ++n) {
+    if (captured[n]) continue;
+    const double stood = static_cast<double>(run.takenAt[n + 1] - run.takenAt[n]) / 1e6;
+    std::printf("    copy %zu was lost; it stood %.1f ms\n", n, stood);
+  }
+}
+
 /// In milliseconds, from taking the clipboard to the text in the box; 200 copies.
 Latency MeasureLatency(CaptureStage& stage) {
   constexpr int kCount = 200;
@@ -43,6 +54,7 @@ Latency MeasureLatency(CaptureStage& stage) {
   }
   if (times.size() != kCount) {
     std::printf("  only %zu of %d copies arrived\n", times.size(), kCount);
+    PrintLost(run);
     g_missedMark = true;
     if (times.empty()) return {1e9, 1e9};
   }
@@ -66,17 +78,6 @@ void BenchLatency() {
   const Latency full = MeasureLatency(stage);
   PrintFigure("the same with 10 MB in the cumulative box, median", full.median, "ms", 2 * empty.median);
   PrintFigure("the same with 10 MB in the cumulative box, 99th percentile", full.p99, "ms", 2 * empty.p99);
-}
-
-/// How long the lost copies stood before the next one, in milliseconds, for whoever looks into a loss.
-void PrintLost(const CaptureStage::Run& run) {
-  std::vector<bool> captured(run.takenAt.size() + 1, false);
-  for (const auto& capture : run.captures) captured.at(static_cast<size_t>(capture.number)) = true;
-  for (size_t n = 1; n + 1 < run.takenAt.size(); ++n) {
-    if (captured[n]) continue;
-    const double stood = static_cast<double>(run.takenAt[n + 1] - run.takenAt[n]) / 1e6;
-    std::printf("    copy %zu was lost; it stood %.1f ms\n", n, stood);
-  }
 }
 
 void BenchBurst(const char* what, int interval, CaptureStage::Owner owner) {

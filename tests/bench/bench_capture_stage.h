@@ -30,6 +30,7 @@ class TimedWatch : public ChangeWatch {
   TimedWatch(ChangeWatch& inner, Handler afterChange) : m_inner(inner), m_afterChange(std::move(afterChange)) {}
   void StartWatching(Handler onChange) override;
   void StopWatching() override { m_inner.StopWatching(); }
+  void Hold(bool hold) override { m_inner.Hold(hold); }
   bool IsWatching() const { return m_isWatching; }
 
  private:

@@ -47,10 +47,12 @@ class FakeChangeWatch : public ChangeWatch {
  public:
   void StartWatching(Handler onChange) override { m_onChange = std::move(onChange); }
   void StopWatching() override { m_onChange = nullptr; }
+  void Hold(bool hold) override { isHeld = hold; }
   bool IsWatching() const { return static_cast<bool>(m_onChange); }
   void TellChange() {
     if (m_onChange) m_onChange();
   }
+  bool isHeld = false;
 
  private:
   Handler m_onChange;

@@ -79,11 +79,15 @@ bool OwnsClipboard() {
   return QGuiApplication::clipboard()->ownsClipboard();
 }
 
+std::uint32_t OwnClient() {
+  const auto* native = qApp->nativeInterface<QNativeInterface::QX11Application>();
+  return native ? xcb_get_setup(native->connection())->resource_id_base : 0;
+}
+
 bool IsOwnWindow(xcb_window_t window) {
   const auto* native = qApp->nativeInterface<QNativeInterface::QX11Application>();
   if (!native || window == XCB_WINDOW_NONE) return false;
-  const xcb_setup_t* setup = xcb_get_setup(native->connection());
-  return (window & ~setup->resource_id_mask) == setup->resource_id_base;
+  return (window & ~xcb_get_setup(native->connection())->resource_id_mask) == OwnClient();
 }
 
 const QMimeData* OwnMimeData() {

@@ -25,6 +25,8 @@ QByteArray BytesOfMimeData(const QMimeData& data, const QByteArray& target);
 
 /// Whether this program owns the clipboard.
 bool OwnsClipboard();
+/// What the numbers of all windows that Qt made for this program have in common; 0 without an X server.
+std::uint32_t OwnClient();
 /// Whether the window is one that Qt made for this program.
 bool IsOwnWindow(xcb_window_t window);
 /// What this program has on the clipboard; null if it does not own it.

@@ -33,15 +33,14 @@ SnapshotReader::SnapshotReader(XConnection& connection, PropertyPool& pool, xcb_
   AskForTargets();
 }
 
-SnapshotReader::SnapshotReader(XConnection& connection, PropertyPool& pool, ClipboardSnapshot contents,
-                               CopyOrigin origin, const std::vector<QByteArray>& targets)
-    : m_connection(connection),
-      m_pool(pool),
-      m_origin(std::move(origin)),
-      m_stage(Stage::Finished),
-      m_snapshot(std::move(contents)) {
+SnapshotReader::SnapshotReader(XConnection& connection, PropertyPool& pool, CopyOrigin origin)
+    : m_connection(connection), m_pool(pool), m_origin(std::move(origin)), m_stage(Stage::Own) {}
+
+void SnapshotReader::TakeOwn(ClipboardSnapshot contents, const std::vector<QByteArray>& targets) {
+  m_snapshot = std::move(contents);
   for (const QByteArray& target : targets) m_offered.push_back(m_connection.Atom(target));
   NoteOrigin();
+  Finish();
 }
 
 SnapshotReader::~SnapshotReader() {
@@ -75,7 +74,7 @@ void SnapshotReader::HandleProperty(const xcb_property_notify_event_t& event) {
 }
 
 void SnapshotReader::Supersede() {
-  if (IsFinished()) return;
+  if (IsFinished() || WaitsForOwn()) return;
   if (m_changesWhileRead++ == 0) m_supersededTimer.start();
   if (!KnowsSecrecy()) ++m_changesUntilSecrecy;
 }
@@ -95,7 +94,7 @@ void SnapshotReader::Progressed() {
 }
 
 void SnapshotReader::AbandonAll(const QString& why) {
-  if (IsFinished()) return;
+  if (IsFinished() || WaitsForOwn()) return;
   m_richTextLeft.clear();
   for (const auto& transfer : m_transfers) transfer->Abandon(why);
   Advance();

@@ -36,13 +36,15 @@ class SnapshotReader : public QObject {
   /// `time` is that of the owner's claim; `origin` has no targets yet.
   SnapshotReader(XConnection& connection, PropertyPool& pool, xcb_timestamp_t time, CopyOrigin origin,
                  TransferLimits limits);
-  /// Finished from the start: contents that needed no reading, offered under these targets.
-  SnapshotReader(XConnection& connection, PropertyPool& pool, ClipboardSnapshot contents, CopyOrigin origin,
-                 const std::vector<QByteArray>& targets);
+  /// For a copy of this program's own, which TakeOwn() tells.
+  SnapshotReader(XConnection& connection, PropertyPool& pool, CopyOrigin origin);
   ~SnapshotReader() override;
 
   void HandleNotify(const xcb_selection_notify_event_t& event);
   void HandleProperty(const xcb_property_notify_event_t& event);
+  bool WaitsForOwn() const { return m_stage == Stage::Own; }
+  /// Finishes it with contents that needed no reading, offered under these targets.
+  void TakeOwn(ClipboardSnapshot contents, const std::vector<QByteArray>& targets);
   /// A newer change has come: what is not read soon is given up.
   void Supersede();
   /// The owner's window is gone: what has not arrived never will.
@@ -53,7 +55,7 @@ class SnapshotReader : public QObject {
   int ChangesWhileRead() const { return m_changesWhileRead; }
   bool IsSecret() const { return m_isSecret; }
   /// Whether IsSecret() is the last word.
-  bool KnowsSecrecy() const { return m_stage == Stage::Contents || m_stage == Stage::Finished; }
+  bool KnowsSecrecy() const { return m_stage >= Stage::Contents; }
   /// Whether IsSecret() was learnt before any newer change, and so from this copy's own owner.
   bool SecrecyIsItsOwn() const { return KnowsSecrecy() && m_changesUntilSecrecy == 0; }
   /// False if nothing could be read, or if the contents are secret.
@@ -66,7 +68,7 @@ class SnapshotReader : public QObject {
   void Finished();
 
  private:
-  enum class Stage { Targets, Secrecy, Contents, Finished };
+  enum class Stage { Targets, Secrecy, Contents, Own, Finished };
 
   SelectionTransfer* Ask(const QByteArray& target);
   void AskForTargets();

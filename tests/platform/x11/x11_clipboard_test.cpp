@@ -8,6 +8,7 @@
 #include <QTest>
 
 #include "clipformats/custom_clipboard.h"
+#include "platform/x11/answer.h"
 #include "platform/x11/owner.h"
 #include "platform/x11/x11_clipboard_access.h"
 #include "platform/x11/x11_clipboard_functions.h"
@@ -44,14 +45,7 @@ class Manager : public QObject {
     if ((event->response_type & 0x7F) != XCB_SELECTION_REQUEST) return;
     const auto& request = *reinterpret_cast<const xcb_selection_request_event_t*>(event);
     ++asked;
-    union {
-      xcb_selection_notify_event_t notice;
-      char wire[32];
-    } answer{};
-    answer.notice = {XCB_SELECTION_NOTIFY, 0, 0, request.time, request.requestor, request.selection, request.target,
-                     request.property};
-    xcb_send_event(m_connection.Raw(), 0, request.requestor, 0, answer.wire);
-    m_connection.Flush();
+    TellAnswered(m_connection, request);
   }
 
   XConnection m_connection;

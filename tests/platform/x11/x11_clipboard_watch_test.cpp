@@ -5,8 +5,10 @@
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QTest>
+#include <QThread>
 #include <QTimer>
 
+#include "platform/x11/answer.h"
 #include "platform/x11/owner.h"
 
 namespace snipdeck {
@@ -48,14 +50,7 @@ class HastyOwner : public QObject {
               const void* data) {
     xcb_change_property(m_connection.Raw(), XCB_PROP_MODE_REPLACE, request.requestor, request.property, type, width,
                         count, data);
-    union {
-      xcb_selection_notify_event_t notice;
-      char wire[32];
-    } answer{};
-    answer.notice = {XCB_SELECTION_NOTIFY, 0, 0, request.time, request.requestor, request.selection, request.target,
-                     request.property};
-    xcb_send_event(m_connection.Raw(), 0, request.requestor, 0, answer.wire);
-    m_connection.Flush();
+    TellAnswered(m_connection, request);
   }
 
   XConnection m_connection;
@@ -113,6 +108,28 @@ class X11ClipboardWatchTest : public QObject {
     const Owner owner({"UTF8_STRING:copy %d", "--count", "50", "--interval", "10"});
     QVERIFY(WaitFor([&] { return watch.told.size() >= 50; }));
     for (int i = 0; i < 50; ++i) QCOMPARE(watch.told[i], QString("copy %1").arg(i + 1));
+  }
+
+  void WhatCameWhileHeldIsToldInOrderAfterwards() {
+    Watch watch;
+    QTest::qWait(50);
+    watch.told.clear();
+    watch.clipboard.Hold(true);
+    const Owner owner({"UTF8_STRING:copy %d", "--count", "20", "--interval", "10"});
+    QTest::qWait(600);
+    QVERIFY(watch.told.isEmpty());
+    watch.clipboard.Hold(false);
+    QVERIFY(watch.told.isEmpty());
+    QVERIFY(WaitFor([&] { return watch.told.size() >= 20; }));
+    for (int i = 0; i < 20; ++i) QCOMPARE(watch.told[i], QString("copy %1").arg(i + 1));
+  }
+
+  void NoCopyIsLostWhileTheWindowsAreBusy() {
+    Watch watch;
+    const Owner owner({"UTF8_STRING:copy %d", "--count", "20", "--interval", "25"});
+    QThread::msleep(1000);
+    QVERIFY(WaitFor([&] { return watch.told.size() >= 20; }));
+    for (int i = 0; i < 20; ++i) QCOMPARE(watch.told[i], QString("copy %1").arg(i + 1));
   }
 
   void TellsEveryProcessOfManyOnce() {
