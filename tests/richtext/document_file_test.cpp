@@ -19,6 +19,7 @@
 using namespace snipdeck;
 
 Q_DECLARE_METATYPE(FileFormat)
+Q_DECLARE_METATYPE(PageGeometry)
 
 namespace {
 
@@ -50,7 +51,7 @@ void KeepKnownHighlights(QTextDocument& document) {
   }
 }
 
-void FillSample(QTextDocument& document) {
+void FillSample(QTextDocument& document, const PageGeometry& page = {}) {
   QTextCursor cursor(&document);
   cursor.insertText(QStringLiteral("Grün & <gut>, office staff"));
   cursor.insertBlock();
@@ -63,7 +64,7 @@ void FillSample(QTextDocument& document) {
     table->cellAt(i / 2, i % 2).firstCursorPosition().insertText(QStringLiteral("cell%1").arg(i));
   cursor.setPosition(table->lastPosition() + 1);
   cursor.insertText(QStringLiteral("last words"));
-  SetPageOf(document, {.width = 10000, .height = 14000, .left = 720, .top = 1000, .right = 900, .bottom = 1200});
+  SetPageOf(document, page);
 }
 
 QStringList Words(const QString& text) {
@@ -106,27 +107,39 @@ void DocumentFileTest::DocxKeepsRandomDocuments() {
 }
 
 void DocumentFileTest::FormatsKeepTextAndPage_data() {
+  constexpr PageGeometry kOwn{.width = 10000, .height = 14000, .left = 720, .top = 1000, .right = 900, .bottom = 1200};
+  constexpr PageGeometry kWide{.width = 15840, .height = 12240, .left = 0, .top = 0, .right = 0, .bottom = 0};
   QTest::addColumn<FileFormat>("format");
-  QTest::addColumn<bool>("hasMargins");
-  QTest::newRow("rtf") << FileFormat::Rtf << true;
-  QTest::newRow("docx") << FileFormat::Docx << true;
-  QTest::newRow("xml") << FileFormat::Xml << true;
-  QTest::newRow("pdf") << FileFormat::Pdf << false;
+  QTest::addColumn<PageGeometry>("page");
+  const auto add = [](const char* name, FileFormat format, const PageGeometry& page) {
+    QTest::addRow("%s %d", name, page.width) << format << page;
+  };
+  // The usual page is written down too: elsewhere another one is usual.
+  for (const PageGeometry& page : {kOwn, PageGeometry()}) {
+    add("rtf", FileFormat::Rtf, page);
+    add("docx", FileFormat::Docx, page);
+    add("xml", FileFormat::Xml, page);
+    add("pdf", FileFormat::Pdf, page);
+  }
+  add("docx", FileFormat::Docx, kWide);
+  add("xml", FileFormat::Xml, kWide);
 }
 
 void DocumentFileTest::FormatsKeepTextAndPage() {
   QFETCH(FileFormat, format);
-  QFETCH(bool, hasMargins);
+  QFETCH(PageGeometry, page);
   SafeDocument document;
-  FillSample(document);
+  FillSample(document, page);
   const Result<QByteArray> bytes = WriteDocumentBytes(document, format);
   QVERIFY2(bytes, bytes ? "" : qPrintable(bytes.Error().text));
   const Result<RichText> read = ReadDocumentBytes(bytes.Value(), format);
   QVERIFY2(read, read ? "" : qPrintable(read.Error().text));
   QCOMPARE(Words(read.Value().PlainText()), Words(RichText::FromDocument(document).PlainText()));
-  PageGeometry page = PageOf(read.Value().Document());
-  if (!hasMargins) page = {page.width, page.height, 720, 1000, 900, 1200};
-  QCOMPARE(page, PageOf(document));
+  QVERIFY(read.Value().Document().rootFrame()->frameFormat().hasProperty(kPageWidth));
+  PageGeometry found = PageOf(read.Value().Document());
+  // PDF has sheets only.
+  if (format == FileFormat::Pdf) found = {found.width, found.height, page.left, page.top, page.right, page.bottom};
+  QCOMPARE(found, page);
   if (format == FileFormat::Pdf) QVERIFY(bytes.Value().contains("/URI (https://example.org/)"));
 }
 

@@ -153,18 +153,20 @@ bool DocxBody::ReadSection(XmlPart& xml) {
 }
 
 void DocxBody::ReadPage(XmlPart& xml) {
-  const auto set = [&](FormatProperty property, const char* attribute) {
-    const int twips = std::clamp(std::abs(xml.Twips(attribute)), 0, 100'000);
-    if (twips > 0) m_context.page.setProperty(property, twips);
+  constexpr int kUnsaid = 1'000'000;
+  const auto set = [&](FormatProperty property, const char* attribute, int least) {
+    // A negative margin holds even where the page's header needs more.
+    const int twips = std::abs(xml.Twips(attribute, kUnsaid));
+    if (twips >= least && twips < kUnsaid) m_context.page.setProperty(property, std::min(twips, 100'000));
   };
   if (xml.Is("pgSz")) {
-    set(kPageWidth, "w");
-    set(kPageHeight, "h");
+    set(kPageWidth, "w", 1);
+    set(kPageHeight, "h", 1);
   } else if (xml.Is("pgMar")) {
-    set(kPageMarginLeft, "left");
-    set(kPageMarginTop, "top");
-    set(kPageMarginRight, "right");
-    set(kPageMarginBottom, "bottom");
+    set(kPageMarginLeft, "left", 0);
+    set(kPageMarginTop, "top", 0);
+    set(kPageMarginRight, "right", 0);
+    set(kPageMarginBottom, "bottom", 0);
   }
 }
 

@@ -279,7 +279,7 @@ class DocxVisitor : public DocumentVisitor {
   void WriteSection() {
     const QTextFrameFormat page = m_document.rootFrame()->frameFormat();
     const auto attribute = [&](const char* name, int property) {
-      if (page.intProperty(property) > 0) m_out.Attribute(name, page.intProperty(property));
+      if (page.hasProperty(property)) m_out.Attribute(name, page.intProperty(property));
     };
     m_out.Start("w:sectPr");
     if (page.intProperty(kPageWidth) > 0 && page.intProperty(kPageHeight) > 0) {

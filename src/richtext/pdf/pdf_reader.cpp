@@ -1,6 +1,7 @@
 #include "richtext/pdf/pdf_reader.h"
 
 #include <QBuffer>
+#include <QPageSize>
 #include <QPdfDocument>
 #include <QPdfSelection>
 
@@ -21,6 +22,17 @@ Failure WhyNot(QPdfDocument::Error error) {
   if (error == Error::UnsupportedSecurityScheme)
     return {Failure::Kind::Refused, QStringLiteral("The file is protected in a way that is not known.")};
   return {Failure::Kind::Malformed, QStringLiteral("The file is damaged, or not a PDF.")};
+}
+
+/// The sheet's size in twips. Files often give it in whole points, which no sheet of the A sizes has: one of those it is.
+QSizeF Sheet(const QSizeF& points) {
+  constexpr double kTwipsPerMillimetre = 1440 / 25.4;
+  const bool isWide = points.width() > points.height();
+  const QSizeF upright = isWide ? points.transposed() : points;
+  const QPageSize::PageSizeId known = QPageSize::id(upright.toSize(), QPageSize::FuzzyMatch);
+  if (known == QPageSize::Custom) return points * kTwipsPerPoint;
+  const QSizeF twips = QPageSize::size(known, QPageSize::Millimeter) * kTwipsPerMillimetre;
+  return isWide ? twips.transposed() : twips;
 }
 
 class PdfFlow {
@@ -44,8 +56,9 @@ class PdfFlow {
 
   void SetSize(QSizeF points) {
     if (points.isEmpty()) return;
-    m_text.page.setProperty(kPageWidth, qRound(points.width() * kTwipsPerPoint));
-    m_text.page.setProperty(kPageHeight, qRound(points.height() * kTwipsPerPoint));
+    const QSizeF twips = Sheet(points);
+    m_text.page.setProperty(kPageWidth, qRound(twips.width()));
+    m_text.page.setProperty(kPageHeight, qRound(twips.height()));
   }
 
   qsizetype Size() const { return m_text.pieces.back().text.size(); }

@@ -1,9 +1,12 @@
 #include "richtext/pdf/pdf_writer.h"
 
+#include <algorithm>
+
 #include <QAbstractTextDocumentLayout>
 #include <QBuffer>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QTextBlock>
 #include <QTextCursor>
 
 #include "platform/units.h"
@@ -20,6 +23,29 @@ double Dots(int twips) {
   return twips * static_cast<double>(kDotsPerInch) / kTwipsPerInch;
 }
 
+bool IsRightToLeft(QChar c) {
+  return c.direction() == QChar::DirR || c.direction() == QChar::DirAL;
+}
+
+/// Takes the letter spacing of the document's font from words that run from right to left: with it, readers of PDF files find a
+/// blank behind each letter.
+void JoinRightToLeft(QTextDocument& document) {
+  QTextCharFormat joined;
+  joined.setFontLetterSpacingType(QFont::AbsoluteSpacing);
+  joined.setFontLetterSpacing(0);
+  QTextCursor cursor(&document);
+  for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
+    const QString text = block.text();
+    for (auto begin = std::find_if(text.begin(), text.end(), IsRightToLeft); begin != text.end();) {
+      const auto end = std::find_if(begin, text.end(), [](QChar c) { return c.isLetter() && !IsRightToLeft(c); });
+      cursor.setPosition(block.position() + static_cast<int>(begin - text.begin()));
+      cursor.setPosition(block.position() + static_cast<int>(end - text.begin()), QTextCursor::KeepAnchor);
+      cursor.mergeCharFormat(joined);
+      begin = std::find_if(end, text.end(), IsRightToLeft);
+    }
+  }
+}
+
 /// A copy of the text, laid out in pages. Qt itself makes links of what is drawn with an address.
 class Paged {
  public:
@@ -30,6 +56,7 @@ class Paged {
     m_document.setDocumentMargin(0);
     QTextCursor cursor(&m_document);
     CopyText(source, 0, EndOf(source), cursor);
+    JoinRightToLeft(m_document);
     m_document.documentLayout()->setPaintDevice(&writer);
     m_document.setPageSize({Dots(m_page.width - m_page.left - m_page.right), PageHeight()});
   }
