@@ -66,26 +66,6 @@ class BorderPainter {
   const QColor m_textColour;
 };
 
-void PaintBorders(QPainter& painter, const QTextBlock& block, const QPointF& origin, const QPalette& palette) {
-  const double dots = DotsPerTwip(*block.document());
-  const ParagraphBorders lines = BordersOf(block.blockFormat());
-  const QRectF text = block.layout()->boundingRect().translated(origin);
-  // The lines at the sides meet those above and below.
-  const QRectF outer = text.adjusted(-lines[kBorderLeft].space * dots, 0, lines[kBorderRight].space * dots, 0);
-  const bool goesOn = SharesBorder(block, block.next());
-  const bool wentOn = SharesBorder(block, block.previous());
-  const QRectF tall = text.adjusted(0, wentOn ? 0 : -lines[kBorderTop].space * dots, 0,
-                                    goesOn ? block.next().blockFormat().topMargin() + block.blockFormat().bottomMargin()
-                                           : lines[kBorderBottom].space * dots);
-  painter.save();
-  const BorderPainter border(painter, dots, palette.color(QPalette::Text));
-  if (!wentOn) border.Paint(lines[kBorderTop], {outer.topLeft(), outer.topRight()}, {0, -1});
-  if (!goesOn) border.Paint(lines[kBorderBottom], {outer.bottomLeft(), outer.bottomRight()}, {0, 1});
-  border.Paint(lines[kBorderLeft], {tall.topLeft(), tall.bottomLeft()}, {-1, 0});
-  border.Paint(lines[kBorderRight], {tall.topRight(), tall.bottomRight()}, {1, 0});
-  painter.restore();
-}
-
 bool HasMarks(const QTextBlock& block) {
   return IsLabelTakenFromQt(block) || block.blockFormat().hasProperty(kParagraphBorder);
 }
@@ -123,9 +103,30 @@ void PaintLabel(QPainter& painter, const QTextBlock& block, const QPointF& origi
   painter.restore();
 }
 
+void PaintBorders(QPainter& painter, const QTextBlock& block, const QPointF& origin, const QPalette& palette) {
+  if (!block.blockFormat().hasProperty(kParagraphBorder)) return;
+  const double dots = DotsPerTwip(*block.document());
+  const ParagraphBorders lines = BordersOf(block.blockFormat());
+  const QRectF text = block.layout()->boundingRect().translated(origin);
+  // The lines at the sides meet those above and below.
+  const QRectF outer = text.adjusted(-lines[kBorderLeft].space * dots, 0, lines[kBorderRight].space * dots, 0);
+  const bool goesOn = SharesBorder(block, block.next());
+  const bool wentOn = SharesBorder(block, block.previous());
+  const QRectF tall = text.adjusted(0, wentOn ? 0 : -lines[kBorderTop].space * dots, 0,
+                                    goesOn ? block.next().blockFormat().topMargin() + block.blockFormat().bottomMargin()
+                                           : lines[kBorderBottom].space * dots);
+  painter.save();
+  const BorderPainter border(painter, dots, palette.color(QPalette::Text));
+  if (!wentOn) border.Paint(lines[kBorderTop], {outer.topLeft(), outer.topRight()}, {0, -1});
+  if (!goesOn) border.Paint(lines[kBorderBottom], {outer.bottomLeft(), outer.bottomRight()}, {0, 1});
+  border.Paint(lines[kBorderLeft], {tall.topLeft(), tall.bottomLeft()}, {-1, 0});
+  border.Paint(lines[kBorderRight], {tall.topRight(), tall.bottomRight()}, {1, 0});
+  painter.restore();
+}
+
 void PaintMarks(QPainter& painter, const QTextBlock& block, const QPointF& origin, const QPalette& palette) {
   if (IsLabelTakenFromQt(block)) PaintLabel(painter, block, origin, ListLabel(block), palette);
-  if (block.blockFormat().hasProperty(kParagraphBorder)) PaintBorders(painter, block, origin, palette);
+  PaintBorders(painter, block, origin, palette);
 }
 
 void PaintMarks(QPainter& painter, const QTextDocument& document, const QRectF& clip, const QPalette& palette) {
@@ -136,7 +137,7 @@ void PaintMarks(QPainter& painter, const QTextDocument& document, const QRectF& 
     if (!isInFlow && !HasMarks(block)) continue;
     const QRectF place = layout.blockBoundingRect(block);
     if (isInFlow && place.top() > clip.bottom()) return;
-    if (HasMarks(block) && place.bottom() >= clip.top() && place.top() <= clip.bottom()) {
+    if (block.isVisible() && HasMarks(block) && place.bottom() >= clip.top() && place.top() <= clip.bottom()) {
       PaintMarks(painter, block, place.topLeft(), palette);
     }
   }

@@ -14,6 +14,9 @@ namespace snipdeck {
 void PaintLabel(QPainter& painter, const QTextBlock& block, const QPointF& origin, const QString& label,
                 const QPalette& palette);
 
+/// The borders alone, where the paragraph has some.
+void PaintBorders(QPainter& painter, const QTextBlock& block, const QPointF& origin, const QPalette& palette);
+
 /// All of it, for one paragraph that has been placed.
 void PaintMarks(QPainter& painter, const QTextBlock& block, const QPointF& origin, const QPalette& palette);
 

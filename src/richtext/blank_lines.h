@@ -1,0 +1,15 @@
+#pragma once
+
+class QTextBlock;
+
+namespace snipdeck {
+
+/// Gives an empty paragraph before a table its room: Qt hides one that looks like the mere place where the table stands.
+/// Nothing happens to a paragraph with text or a ground of its own, and nothing of it is ever written to a file.
+void ShowBlankLine(const QTextBlock& block);
+
+/// Whether a person who sees no line there would miss one: an empty paragraph before a table that neither begins the text
+/// or a cell, where it only separates, nor follows a table.
+bool IsHiddenBlankLine(const QTextBlock& block);
+
+}  // namespace snipdeck
