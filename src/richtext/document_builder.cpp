@@ -36,8 +36,11 @@ DocumentBuilder::DocumentBuilder(QTextDocument& document, const FlowFormats& for
   m_body.cursor.beginEditBlock();
 }
 
-DocumentBuilder::DocumentBuilder(QTextCursor& cursor, const FlowFormats& formats)
-    : m_document(*cursor.document()), m_formats(formats), m_hadUndo(m_document.isUndoRedoEnabled()) {
+DocumentBuilder::DocumentBuilder(QTextCursor& cursor, const FlowFormats& formats, BegunLists lists)
+    : m_document(*cursor.document()),
+      m_formats(formats),
+      m_lists(std::move(lists)),
+      m_hadUndo(m_document.isUndoRedoEnabled()) {
   m_body.block = cursor.block().length() > 1 ? Block::Join : Block::Fill;
   m_body.cursor.swap(cursor);
   m_body.cursor.beginEditBlock();

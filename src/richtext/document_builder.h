@@ -7,7 +7,6 @@
 #include "richtext/text_flow.h"
 
 class QTextDocument;
-class QTextList;
 
 namespace snipdeck {
 
@@ -17,8 +16,8 @@ class DocumentBuilder {
   /// Into an empty document, without undo.
   DocumentBuilder(QTextDocument& document, const FlowFormats& formats);
   /// At `cursor`, outside of tables. The first paragraph joins the cursor's when that one has text. The cursor is null
-  /// until TakeCursor: a document that has fewer to keep in place is quicker to fill.
-  DocumentBuilder(QTextCursor& cursor, const FlowFormats& formats);
+  /// until TakeCursor: a document that has fewer to keep in place is quicker to fill. `lists` are gone on with.
+  DocumentBuilder(QTextCursor& cursor, const FlowFormats& formats, BegunLists lists);
   ~DocumentBuilder();
   DocumentBuilder(const DocumentBuilder&) = delete;
   DocumentBuilder& operator=(const DocumentBuilder&) = delete;
@@ -27,6 +26,7 @@ class DocumentBuilder {
   void Append(const Flow& flow);
   /// The cursor, behind what was written; nothing can be written any more.
   QTextCursor TakeCursor();
+  BegunLists TakeLists() { return std::move(m_lists); }
 
  private:
   /// What the next paragraph does with the block at the cursor.
@@ -46,7 +46,7 @@ class DocumentBuilder {
   QTextDocument& m_document;
   const FlowFormats& m_formats;
   Place m_body;
-  std::vector<QTextList*> m_lists;  ///< Those that have been begun, by their number in the formats.
+  BegunLists m_lists;
   const bool m_hadUndo;
   int m_depth = 0;
 };

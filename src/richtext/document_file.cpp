@@ -6,6 +6,7 @@
 #include <QTextDocument>
 
 #include "platform/whole_file.h"
+#include "richtext/document_flow.h"
 #include "richtext/doc/office_converter.h"
 #include "richtext/docx/docx_reader.h"
 #include "richtext/docx/docx_writer.h"
@@ -25,21 +26,44 @@
 namespace snipdeck {
 namespace {
 
+constexpr double kParsed = 0.8;  // of reading a page
+
 Result<RichText> ReadText(const QByteArray& bytes, const FileProgress&) {
   return RichText::FromPlainText(DecodeText(bytes));
 }
 
-Result<RichText> ReadHtmlFile(const QByteArray& bytes, const FileProgress&) {
-  return RichText::FromHtml(bytes);
+Failure Cancelled() {
+  return {Failure::Kind::Refused, QString()};
+}
+
+// A flow goes into a control bit by bit.
+Result<RichText> AsFlow(const RichText& page, const FileProgress& progress) {
+  if (progress && !progress(kParsed)) return Cancelled();
+  if (page.Flow() || !IsPlainFlow(page.Document())) return page;
+  DocumentFlow flow(page.Document());
+  while (flow.ReadPart()) {
+  }
+  return RichText::FromFlow(flow.Take(), page.Warnings());
+}
+
+Result<RichText> ReadHtmlFile(const QByteArray& bytes, const FileProgress& progress) {
+  return AsFlow(RichText::FromHtml(bytes), progress);
 }
 
 // RTF begins with its name; the reader itself would show any file as an empty text.
-Result<RichText> ReadRtfFile(const QByteArray& bytes, const FileProgress&) {
+Result<RichText> ReadRtfFile(const QByteArray& bytes, const FileProgress& progress) {
   const QByteArrayView start = QByteArrayView(bytes).first(std::min<qsizetype>(bytes.size(), 4096));
   if (!bytes.trimmed().isEmpty() && !start.contains("{\\rtf") && !start.contains("{\\urtf")) {
     return Failure{Failure::Kind::Malformed, QStringLiteral("The file is not RTF.")};
   }
-  return RichText::FromRtf(bytes, ReadFor::Document);
+  bool isCancelled = false;
+  RtfContents contents = ReadRtf(bytes, ReadFor::Document, [&](double part) {
+    isCancelled = progress && !progress(part);
+    return !isCancelled;
+  });
+  if (isCancelled) return Cancelled();
+  if (!contents.html.isEmpty()) return ReadHtmlFile(contents.html, progress);
+  return RichText::FromFlow(std::move(contents.text), contents.warnings);
 }
 
 using FlowReader = Result<FlowText> (*)(const QByteArray& bytes, QStringList& warnings, const FileProgress& progress);
@@ -68,8 +92,9 @@ Result<QByteArray> WriteDocFile(const QTextDocument& document, const FileProgres
   return ConvertWithOffice(docx.Value(), QStringLiteral("docx"), QStringLiteral("doc"), progress);
 }
 
-Result<RichText> ReadXmlFile(const QByteArray& bytes, const FileProgress&) {
-  return ReadXhtml(bytes);
+Result<RichText> ReadXmlFile(const QByteArray& bytes, const FileProgress& progress) {
+  const Result<RichText> page = ReadXhtml(bytes);
+  return page ? AsFlow(page.Value(), progress) : page;
 }
 
 Result<QByteArray> WriteXmlFile(const QTextDocument& document, const FileProgress&) {

@@ -17,6 +17,11 @@ namespace snipdeck {
 /// called on the thread that reads or writes. An empty one never cancels.
 using FileProgress = std::function<bool(double part)>;
 
+/// Whether something failed because it was cancelled, which needs no report.
+inline bool IsCancelled(const Failure& failure) {
+  return failure.kind == Failure::Kind::Refused && failure.text.isEmpty();
+}
+
 /// Reads the file at `path` in the given format, whatever its contents are. The text knows its page size and margins
 /// where the file says them. A failure has the platform's words where the file could not be read, else ours; a missing
 /// file fails with Failure::Kind::NotFound, a cancelled reading with Refused and no text. May run on any thread: the text belongs to

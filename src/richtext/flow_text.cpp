@@ -15,7 +15,7 @@ namespace {
 
 void AddPictures(const FlowText& text, QTextDocument& document) {
   for (const FlowPicture& picture : text.pictures) {
-    document.addResource(QTextDocument::ImageResource, QUrl(picture.name), picture.image);
+    document.addResource(QTextDocument::ImageResource, QUrl(picture.name), picture.content);
   }
 }
 
@@ -80,17 +80,18 @@ void FillDocument(const FlowText& text, QTextDocument& document) {
   document.rootFrame()->setFrameFormat(format);
 }
 
-static void InsertPieces(const FlowText& text, std::size_t begin, std::size_t end, QTextCursor& cursor) {
+static void InsertPieces(const FlowText& text, std::size_t begin, std::size_t end, QTextCursor& cursor,
+                         BegunLists& lists) {
   cursor.beginEditBlock();
   cursor.removeSelectedText();
   const QTextBlockFormat targetFormat = cursor.blockFormat();
   const QTextCharFormat targetCharFormat = cursor.blockCharFormat();
   const bool beforeText = !cursor.atBlockEnd();
   const int firstBlock = cursor.blockNumber();
-  AddPictures(text, *cursor.document());
-  DocumentBuilder builder(cursor, text.formats);
+  DocumentBuilder builder(cursor, text.formats, std::move(lists));
   for (std::size_t i = begin; i < end; ++i) builder.Append(text.pieces[i]);
   cursor = builder.TakeCursor();
+  lists = builder.TakeLists();
   if (beforeText && cursor.blockNumber() != firstBlock) {
     cursor.setBlockFormat(targetFormat);
     cursor.setBlockCharFormat(targetCharFormat);
@@ -99,24 +100,63 @@ static void InsertPieces(const FlowText& text, std::size_t begin, std::size_t en
 }
 
 void InsertFlowText(const FlowText& text, QTextCursor& cursor) {
-  InsertPieces(text, 0, text.pieces.size(), cursor);
+  BegunLists lists;
+  AddPictures(text, *cursor.document());
+  InsertPieces(text, 0, text.pieces.size(), cursor, lists);
 }
 
-void InsertFlowPiece(const FlowText& text, std::size_t piece, QTextCursor& cursor) {
+void InsertFlowPiece(const FlowText& text, std::size_t piece, QTextCursor& cursor, BegunLists& lists) {
+  if (piece == 0) AddPictures(text, *cursor.document());
   if (text.pieces[piece].IsEmpty()) return;
   if (piece > 0) cursor.insertBlock(QTextBlockFormat(), QTextCharFormat());
-  InsertPieces(text, piece, piece + 1, cursor);
+  InsertPieces(text, piece, piece + 1, cursor, lists);
+}
+
+bool IsPieceFull(const Flow& piece) {
+  constexpr qsizetype kPieceCharacters = 50'000;
+  constexpr std::size_t kPieceItems = 4000;
+  return piece.text.size() >= kPieceCharacters || piece.items.size() >= kPieceItems;
+}
+
+static void CutPiece(Flow& piece, std::vector<Flow>& pieces) {
+  qsizetype at = 0;
+  std::size_t table = 0;
+  Flow* part = &pieces.emplace_back();
+  for (const FlowItem& item : piece.items) {
+    if (item.kind == FlowItem::Kind::Table) {
+      part->AddTable(std::move(piece.tables[table++]));
+      continue;
+    }
+    if (item.kind == FlowItem::Kind::Run) {
+      part->AddRun(QStringView(piece.text).sliced(at, item.length), item.format);
+      at += item.length;
+      continue;
+    }
+    part->EndParagraph(item.format, item.length);
+    if (IsPieceFull(*part)) part = &pieces.emplace_back();
+  }
+  if (part->IsEmpty()) pieces.pop_back();
+}
+
+void CutPieces(FlowText& text) {
+  std::vector<Flow> pieces;
+  for (Flow& piece : text.pieces) {
+    if (IsPieceFull(piece)) {
+      CutPiece(piece, pieces);
+    } else {
+      pieces.push_back(std::move(piece));
+    }
+  }
+  text.pieces = std::move(pieces);
 }
 
 FlowText PlainFlow(QStringView text) {
-  constexpr qsizetype kPieceCharacters = 50'000;
-  constexpr std::size_t kPieceItems = 4000;
   FlowText flow;
   flow.formats.characters.emplace_back();
   flow.formats.paragraphs.emplace_back();
   for (qsizetype at = 0; at <= text.size();) {
     Flow& piece = flow.pieces.emplace_back();
-    while (at <= text.size() && piece.text.size() < kPieceCharacters && piece.items.size() < kPieceItems) {
+    while (at <= text.size() && !IsPieceFull(piece)) {
       const qsizetype newline = text.indexOf(u'\n', at);
       const qsizetype end = newline < 0 ? text.size() : newline;
       piece.AddRun(text.sliced(at, end - at), 0);

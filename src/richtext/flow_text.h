@@ -2,8 +2,8 @@
 
 #include <vector>
 
-#include <QImage>
 #include <QTextFormat>
+#include <QVariant>
 
 #include "richtext/text_flow.h"
 
@@ -15,7 +15,7 @@ namespace snipdeck {
 /// A picture by the name that formats call it.
 struct FlowPicture {
   QString name;
-  QImage image;
+  QVariant content;  ///< A QImage, or the bytes of a file.
 };
 
 /// A whole text as its reader left it: a fraction of the size of a document, and quick to write into any number of
@@ -33,10 +33,16 @@ void FillDocument(const FlowText& text, QTextDocument& document);
 /// As CopyText does with a document; `cursor` must stand outside of tables and frames.
 void InsertFlowText(const FlowText& text, QTextCursor& cursor);
 
-/// The same with one piece; those before it have been inserted right before the cursor. Lists are begun anew with each.
-void InsertFlowPiece(const FlowText& text, std::size_t piece, QTextCursor& cursor);
+/// The same with one piece; those before it have been inserted right before the cursor, with the same `lists`.
+void InsertFlowPiece(const FlowText& text, std::size_t piece, QTextCursor& cursor, BegunLists& lists);
 
-/// Plain text, with paragraphs ending at "\n", in pieces of a size that is inserted in some milliseconds.
+/// Whether a piece is so long that it takes some milliseconds to insert.
+bool IsPieceFull(const Flow& piece);
+
+/// Cuts pieces that are longer than that between their paragraphs; tables stay whole.
+void CutPieces(FlowText& text);
+
+/// Plain text, with paragraphs ending at "\n".
 FlowText PlainFlow(QStringView text);
 
 bool HasTables(const FlowText& text);

@@ -64,6 +64,7 @@ RichText RichText::FromPlainText(const QString& text) {
 
 RichText RichText::FromFlow(FlowText&& text, const QStringList& warnings) {
   auto data = std::make_shared<Data>();
+  CutPieces(text);
   data->flow = std::make_shared<FlowText>(std::move(text));
   data->warnings = warnings;
   return RichText(std::move(data));
@@ -118,6 +119,10 @@ std::shared_ptr<const FlowText> RichText::Flow() const {
 
 const QTextDocument& RichText::Document() const {
   return m_data->Document();
+}
+
+QTextFrameFormat RichText::Page() const {
+  return m_data->flow ? m_data->flow->page : m_data->document.rootFrame()->frameFormat();
 }
 
 void RichText::MoveToThread(QThread* thread) const {

@@ -8,6 +8,7 @@
 
 class QTextCursor;
 class QTextDocument;
+class QTextFrameFormat;
 class QThread;
 
 namespace snipdeck {
@@ -52,6 +53,8 @@ class RichText {
   std::shared_ptr<const FlowText> Flow() const;
   /// The text as a document of its own, made at the first call; not to be changed.
   const QTextDocument& Document() const;
+  /// What it says of its page, as properties.
+  QTextFrameFormat Page() const;
   /// Gives the text to another thread, which alone uses it from then on; called on the thread that has it.
   void MoveToThread(QThread* thread) const;
   /// What the reader dropped or repaired, in words for a developer.

@@ -6,8 +6,10 @@
 #include <vector>
 
 #include <QColor>
+#include <QPointer>
 #include <QString>
 #include <QTextFormat>
+#include <QTextList>
 
 namespace snipdeck {
 
@@ -79,6 +81,9 @@ struct RowFlow {
 struct TableFlow {
   std::vector<RowFlow> rows;
 };
+
+/// The lists of flows in the document that gets them, by their number in the formats; null where one has not been begun.
+using BegunLists = std::vector<QPointer<QTextList>>;
 
 /// The formats that flows name by index.
 struct FlowFormats {

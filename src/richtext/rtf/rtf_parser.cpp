@@ -10,6 +10,7 @@ namespace {
 // Deeper groups are counted, but share the state of the deepest one kept.
 constexpr std::size_t kMaxDepth = 2000;
 constexpr int kMaxRowLevels = 32;
+constexpr int kTokensPerStep = 20'000;
 constexpr qsizetype kMaxPendingBytes = 64 * 1024;
 
 bool IsAscii(QByteArrayView bytes) {
@@ -23,12 +24,17 @@ RtfParser::RtfParser(QByteArrayView rtf, RtfBody::Sink bodySink, ReadFor purpose
   m_state.destination = m_state.body = &m_body;
 }
 
-void RtfParser::Run() {
+void RtfParser::Run(const std::function<bool(double part)>& progress) {
   RtfToken token;
+  int tokens = 0;
+  const auto goesOn = [&] { return !progress || ++tokens % kTokensPerStep != 0 || progress(m_tokenizer.Part()); };
   const GroupState initial = m_state;
   do {
     m_done = false;
-    while (!m_done && m_tokenizer.Next(token)) Dispatch(token);
+    while (!m_done && m_tokenizer.Next(token)) {
+      Dispatch(token);
+      if (!goesOn()) return;
+    }
     FlushBytes(true);
     while (!m_stack.empty()) EndGroup();
     m_body.Close();

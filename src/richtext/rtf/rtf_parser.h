@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -30,7 +31,8 @@ class RtfParser {
   /// `bodySink` gets the running text. For a box, hidden text, headers and footers are left out.
   RtfParser(QByteArrayView rtf, RtfBody::Sink bodySink, ReadFor purpose);
 
-  void Run();
+  /// Where `progress`, which is told now and then how far it is, says false, it stops and what it gave is of no use.
+  void Run(const std::function<bool(double part)>& progress = {});
   /// As Run, but `root` takes the place of the running text.
   void RunInto(RtfDestination& root);
 

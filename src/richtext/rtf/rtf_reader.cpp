@@ -26,12 +26,12 @@ void StoreHeaders(RtfNotes& notes, QTextFrameFormat& page) {
   set(kFooterText, notes.FooterText());
 }
 
-RtfContents ReadAsText(QByteArrayView rtf, ReadFor purpose) {
+RtfContents ReadAsText(QByteArrayView rtf, ReadFor purpose, const std::function<bool(double part)>& progress) {
   RtfContents contents;
   FlowText& text = contents.text;
   RtfParser parser(
       rtf, [&text](Flow&& piece) { text.pieces.push_back(std::move(piece)); }, purpose);
-  parser.Run();
+  parser.Run(progress);
   text.pieces.push_back(parser.Notes().TakeAll());
   text.formats = parser.Formats().Take();
   text.pictures = parser.Pictures().Take();
@@ -43,11 +43,11 @@ RtfContents ReadAsText(QByteArrayView rtf, ReadFor purpose) {
 
 }  // namespace
 
-RtfContents ReadRtf(QByteArrayView rtf, ReadFor purpose) {
+RtfContents ReadRtf(QByteArrayView rtf, ReadFor purpose, const std::function<bool(double part)>& progress) {
   const QByteArrayView stream = FromFirstGroup(rtf);
   if (stream.isEmpty()) return {{}, {}, {QStringLiteral("no RTF in the bytes")}};
   if (WrapsHtml(stream)) return {{}, UnwrapHtml(stream), {}};
-  return ReadAsText(stream, purpose);
+  return ReadAsText(stream, purpose, progress);
 }
 
 QStringList ReadRtf(QByteArrayView rtf, QTextDocument& document, ReadFor purpose) {

@@ -37,6 +37,9 @@ class RtfTokenizer {
   /// Up to `size` of the bytes that follow the last token.
   QByteArrayView Ahead(qsizetype size) const { return m_rtf.sliced(m_at, std::min(size, m_rtf.size() - m_at)); }
 
+  /// How much of the bytes has been read, from 0 to 1.
+  double Part() const { return static_cast<double>(m_at) / static_cast<double>(m_rtf.size()); }
+
   /// Goes on where `mark` next stands in the bytes; false, at their end, when it does not.
   bool SkipTo(QByteArrayView mark);
 

@@ -34,11 +34,11 @@ bool IsInput(const QEvent& event) {
 bool GradualFill::Start(const RichText& text, QTextCursor& cursor) {
   const auto flow = text.Flow();
   const bool isLong = flow && text.Length() > kLongText && flow->pieces.size() > 1;
-  const bool isWorthIt = isLong && flow->formats.lists.empty() && !HasTables(*flow);
-  if (!isWorthIt || cursor.document()->isUndoRedoEnabled() || !cursor.atEnd()) return false;
+  if (!isLong || HasTables(*flow) || cursor.document()->isUndoRedoEnabled() || !cursor.atEnd()) return false;
   const bool isFollowed = m_control.hasFocus() && !cursor.document()->isEmpty();
-  InsertFlowPiece(*flow, 0, cursor);
-  m_texts.push_back({flow, 1, cursor, isFollowed});
+  BegunLists lists;
+  InsertFlowPiece(*flow, 0, cursor, lists);
+  m_texts.push_back({flow, 1, std::move(lists), cursor, isFollowed});
   // What is added right there later on belongs behind this text.
   m_texts.back().end.setKeepPositionOnInsert(true);
   Watch(true);
@@ -63,6 +63,10 @@ bool GradualFill::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void GradualFill::timerEvent(QTimerEvent*) {
+  AddSome();
+}
+
+void GradualFill::AddSome() {
   QElapsedTimer clock;
   clock.start();
   while (IsFilling() && clock.elapsed() < kSlice) AddPart();
@@ -78,7 +82,7 @@ void GradualFill::AddPart() {
   document.setUndoRedoEnabled(false);
   QTextCursor cursor(&document);
   cursor.setPosition(growing.end.position());
-  InsertFlowPiece(*growing.text, growing.nextPiece++, cursor);
+  InsertFlowPiece(*growing.text, growing.nextPiece++, cursor, growing.lists);
   growing.end.setPosition(cursor.position());
   document.setUndoRedoEnabled(hadUndo);
   if (growing.nextPiece < growing.text->pieces.size()) return;

@@ -24,9 +24,11 @@ class GradualFill : public QObject {
   explicit GradualFill(QTextEdit& control) : m_control(control) {}
 
   /// Puts the first part of a long text at `cursor`, the end of the control's text, which comes to be behind that part.
-  /// False where nothing was done: the text is short, has lists or tables, or is to be a step of undo.
+  /// False where nothing was done: the text is short, has tables, or is to be a step of undo.
   bool Start(const RichText& text, QTextCursor& cursor);
   bool IsFilling() const { return !m_texts.empty(); }
+  /// Puts some of what is missing into the control, for some milliseconds.
+  void AddSome();
   /// Puts all that is missing into the control now.
   void Finish();
   /// The control is being emptied.
@@ -40,6 +42,7 @@ class GradualFill : public QObject {
   struct Growing {
     std::shared_ptr<const FlowText> text;
     std::size_t nextPiece;
+    BegunLists lists;
     QTextCursor end;
     bool isFollowed;  ///< The caret, behind the text, is to be seen.
   };
