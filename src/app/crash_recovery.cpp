@@ -18,7 +18,9 @@ CrashRecovery::CrashRecovery(BoxSet& boxes, const Clipboard& clipboard, const QS
     : m_boxes(boxes), m_clipboard(clipboard), m_file(path) {
   m_timer.setSingleShot(true);
   connect(&m_timer, &QTimer::timeout, this, [this] {
-    if (FlushPart()) m_timer.start(kPartDelay);
+    const bool hasMore = FlushPart();
+    if (hasMore) m_timer.start(kPartDelay);
+    else if (IsWaiting()) m_timer.start(kFlushDelay);
   });
 }
 
@@ -88,8 +90,13 @@ void CrashRecovery::FlushSoon() {
 
 void CrashRecovery::Flush() {
   m_timer.stop();
+  for (const TrackedText* text : m_texts) text->Complete();
   while (FlushPart()) {
   }
+}
+
+bool CrashRecovery::IsWaiting() const {
+  return std::any_of(m_texts.begin(), m_texts.end(), [](const TrackedText* text) { return text->HasEdit(); });
 }
 
 bool CrashRecovery::FlushPart() {

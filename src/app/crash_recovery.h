@@ -43,6 +43,8 @@ class CrashRecovery : public QObject {
   void FlushSoon();
   /// Writes some of the edits down; true where there are more.
   bool FlushPart();
+  /// Whether there are edits that cannot be written down yet.
+  bool IsWaiting() const;
 
   BoxSet& m_boxes;
   const Clipboard& m_clipboard;

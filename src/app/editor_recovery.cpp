@@ -93,7 +93,7 @@ void EditorRecovery::Forget() {
 // A long text waits until nobody types, but not for ever.
 void EditorRecovery::FlushSoon() {
   if (!m_unwrittenSince.isValid()) m_unwrittenSince.start();
-  const bool isLong = m_window->TextControl().document()->characterCount() > kLongText;
+  const bool isLong = m_window->TextControl().AsItStands().document()->characterCount() > kLongText;
   const bool mayWait = isLong && m_unwrittenSince.elapsed() < kLongestDelay;
   if (mayWait || !m_timer.isActive()) m_timer.start();
 }

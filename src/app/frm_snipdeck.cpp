@@ -53,9 +53,10 @@ frmSnipdeck::frmSnipdeck(const MainWindowServices& services)
       m_clipboardWindows(*m_boxes, ServicesOfClipboard(), services.screen, *this),
       m_settingsFile(FileInFolder(services.folder, QString::fromLatin1(kSettingsFileName)), m_settings,
                      services.messages),
-      m_storedBoxes(*m_boxes, services.messages),
+      m_longWork(services.ctlClipboard1, services.longWork),
+      m_storedBoxes(*m_boxes, services.messages, m_longWork),
       m_storage(m_storedBoxes, services.messages, m_settings.storageFolder),
-      m_files(*m_boxes, m_settings, services.fileDialogs, services.messages, services.longWork),
+      m_files(*m_boxes, m_settings, services.fileDialogs, services.messages, m_longWork),
       m_recovery(*m_boxes, services.clipboard, FileInFolder(services.folder, QStringLiteral("QM_Snipdeck.recovery"))),
       m_geometry(*this),
       m_looks(*this, m_settings, services.fontColourDialogs, services.messages),
@@ -140,7 +141,7 @@ ClipboardWindowServices frmSnipdeck::ServicesOfClipboard() {
 }
 
 EditorServices frmSnipdeck::ServicesOfEditor() {
-  return {.document = {m_services.fileDialogs, m_services.messages, m_changedDocument, m_savingNotice},
+  return {.document = {m_services.fileDialogs, m_services.messages, m_changedDocument, m_savingNotice, m_longWork},
           .printDialog = m_services.printDialog,
           .clipboard = m_services.clipboard,
           .programs = m_programs,

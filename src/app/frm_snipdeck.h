@@ -11,6 +11,7 @@
 #include "app/start_up.h"
 #include "app/stored_box_set.h"
 #include "app/top_row.h"
+#include "app/undisturbed_work.h"
 #include "capture/box_interaction.h"
 #include "capture/box_set.h"
 #include "capture/clipboard_capture.h"
@@ -141,6 +142,7 @@ class frmSnipdeck : public QMainWindow {
   CombinedViews m_views;
   ClipboardCommands m_clipboardWindows;
   SettingsFile m_settingsFile;
+  UndisturbedWork m_longWork;
   StoredBoxSet m_storedBoxes;
   BoxStorage m_storage;
   FileCommands m_files;

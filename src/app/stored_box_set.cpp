@@ -12,7 +12,8 @@ constexpr int kTrue = -1;
 
 }  // namespace
 
-StoredBoxSet::StoredBoxSet(BoxSet& boxes, MessageBox& messages) : m_boxes(boxes), m_messages(messages) {}
+StoredBoxSet::StoredBoxSet(BoxSet& boxes, MessageBox& messages, LongWork& longWork)
+    : m_boxes(boxes), m_messages(messages), m_longWork(longWork) {}
 
 bool StoredBoxSet::AreShown() {
   if (m_boxes.PanelIsShown()) m_boxes.ShowLeaveLargeView();
@@ -38,7 +39,9 @@ void StoredBoxSet::LoadFile(int n, const QString& path, FileFormat format) {
   page.left = page.top = page.right = page.bottom = kMargin;
   // Only what it could not load: the storage itself tells what could not be saved.
   box.SetMessages(&m_messages);
+  box.SetLongWork(&m_longWork);
   if (box.LoadFile(path, 0, format)) PageFromAttributes(box, page);
+  box.SetLongWork(nullptr);
   box.SetMessages(nullptr);
 }
 

@@ -2,6 +2,7 @@
 
 #include "capture/box_set.h"
 #include "capture/without_undo.h"
+#include "platform/long_work.h"
 #include "storage/box_storage.h"
 
 namespace snipdeck {
@@ -9,8 +10,9 @@ namespace snipdeck {
 /// The boxes of the main window as their storage sees them.
 class StoredBoxSet : public StoredBoxes {
  public:
-  /// Both outlive this. `messages` is where a box tells what it could not load.
-  StoredBoxSet(BoxSet& boxes, MessageBox& messages);
+  /// All outlive this. `messages` is where a box tells what it could not load, which it does as long work; saving
+  /// handles no events.
+  StoredBoxSet(BoxSet& boxes, MessageBox& messages, LongWork& longWork);
 
   bool AreShown() override;
   bool CumulativeCovers() override;
@@ -27,6 +29,7 @@ class StoredBoxSet : public StoredBoxes {
  private:
   BoxSet& m_boxes;
   MessageBox& m_messages;
+  LongWork& m_longWork;
 };
 
 }  // namespace snipdeck

@@ -47,8 +47,14 @@ TrackedText::TrackedText(RichTextControl& control, std::uint8_t target, std::fun
   connect(control.document(), &QTextDocument::contentsChange, this, &TrackedText::Note);
 }
 
+void TrackedText::SetPaused(bool paused) {
+  m_paused = paused;
+  m_fillsUnnoted = m_control.IsFilling();
+}
+
 void TrackedText::Note(int position, int removed, int added) {
-  if (m_paused || m_control.IsFilling()) return;
+  if (m_paused || (m_fillsUnnoted && m_control.IsFilling())) return;
+  m_fillsUnnoted = false;
   m_edited.Add(position, removed, added);
   m_onEdit();
 }
@@ -66,8 +72,12 @@ std::optional<RecoveryRecord> TrackedText::TakePart() {
   return Take(kShortText);
 }
 
+void TrackedText::Complete() const {
+  if (HasEdit()) m_control.document();
+}
+
 std::optional<RecoveryRecord> TrackedText::Take(int mostCharacters) {
-  if (m_edited.IsEmpty()) return {};
+  if (m_edited.IsEmpty() || m_control.IsFilling()) return {};
   const bool isShort = m_control.document()->characterCount() <= kShortText;
   auto record = isShort || m_needsWhole ? std::optional<RecoveryRecord>() : Splice(mostCharacters);
   if (record) return record;

@@ -20,16 +20,18 @@ class TrackedText : public QObject {
   TrackedText(RichTextControl& control, std::uint8_t target, std::function<void()> onEdit, QObject* parent);
 
   /// While true, changes are not noted: whoever makes them writes them down himself. Nor is what belongs to such a change
-  /// and is still being filled in.
-  void SetPaused(bool paused) { m_paused = paused; }
+  /// and is still being filled in afterwards.
+  void SetPaused(bool paused);
   /// Notes the text as changed from beginning to end.
   void MarkWhole();
-  /// What was changed since the last call; nothing where nothing was.
+  /// What was changed since the last call; nothing where nothing was, or while the text is still being filled in.
   std::optional<RecoveryRecord> TakeEdit();
   /// As TakeEdit, but of a long edit only the first part, which takes a few milliseconds; each record is one step on the
   /// way to the present text. Not to be followed by captures before all parts are taken.
   std::optional<RecoveryRecord> TakePart();
   bool HasEdit() const { return !m_edited.IsEmpty(); }
+  /// Fills in what is missing of a text that was changed, so that its edit can be taken.
+  void Complete() const;
 
  private:
   void Note(int position, int removed, int added);
@@ -43,6 +45,7 @@ class TrackedText : public QObject {
   EditedRange m_edited;
   bool m_needsWhole = false;
   bool m_paused = false;
+  bool m_fillsUnnoted = false;  ///< What is being filled in was begun while this was paused.
 };
 
 }  // namespace snipdeck

@@ -9,6 +9,7 @@
 
 #include "editor/control_errors.h"
 #include "platform/qt/rich_text_control.h"
+#include "richtext/document_file.h"
 #include "storage/busy_pointer.h"
 #include "storage/file_reports.h"
 #include "storage/file_types.h"
@@ -97,6 +98,7 @@ class SavingShown {
 
 EditorDocument::EditorDocument(RichTextControl& control, const Services& services)
     : m_control(control), m_services(services) {
+  control.SetLongWork(&services.longWork);
   connect(&control, &QTextEdit::textChanged, this, [this] {
     if (!m_isReplacing) MarkChanged();
   });
@@ -207,7 +209,7 @@ bool EditorDocument::SaveDocument() {
   if (written) {
     m_isUnread = false;
     Settle();
-  } else {
+  } else if (!IsCancelled(written.Error())) {
     ShowControlError(std::exchange(m_errorWhileSaving, {}), m_services.messages);
   }
   return static_cast<bool>(written);

@@ -6,6 +6,7 @@
 
 #include "platform/changed_document_question.h"
 #include "platform/file_dialogs.h"
+#include "platform/long_work.h"
 #include "platform/message_box.h"
 #include "platform/result.h"
 #include "platform/saving_notice.h"
@@ -29,6 +30,7 @@ class EditorDocument : public QObject {
     MessageBox& messages;
     ChangedDocumentQuestion& question;
     SavingNotice& notice;
+    LongWork& longWork;
   };
 
   EditorDocument(RichTextControl& control, const Services& services);

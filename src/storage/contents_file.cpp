@@ -2,6 +2,7 @@
 
 #include <QFileInfo>
 
+#include "richtext/document_file.h"
 #include "storage/file_types.h"
 
 namespace snipdeck {
@@ -31,10 +32,11 @@ void ContentsFile::Get() {
 void ContentsFile::LoadFileIntoCumulative(int ask) {
   if (ask == kAsk && !Choose()) return;
   if (!IsFile(m_contentsFileName)) return;
-  m_cumulative.LoadFile(m_contentsFileName, LoadFormatForName(m_contentsFileName, false));
+  const bool wasModified = m_cumulative.Modified();
+  const Outcome loaded = m_cumulative.LoadFile(m_contentsFileName, LoadFormatForName(m_contentsFileName, false));
   m_cumulative.MoveCaretToEnd();
   m_cumulative.TakeFocus();
-  m_cumulative.SetModified(false);
+  m_cumulative.SetModified(wasModified && !loaded && IsCancelled(loaded.Error()));
 }
 
 bool ContentsFile::Choose() {

@@ -11,7 +11,7 @@
 #include "fakes/no_printer.h"
 #include "fakes/scripted_dialogs.h"
 #include "fakes/scripted_messages.h"
-#include "platform/long_work.h"
+#include "fakes/work_at_once.h"
 
 namespace snipdeck {
 
@@ -19,15 +19,6 @@ namespace snipdeck {
 class FakeScreen : public Screen {
  public:
   WorkArea Area() const override { return {0, 0, 28800, 16200}; }
-};
-
-/// Does the work before it returns; nobody cancels.
-class WorkAtOnce : public LongWork {
- public:
-  bool Run(const QString&, const Work& work) override {
-    work([](double) { return true; });
-    return true;
-  }
 };
 
 /// The main window with everything around it faked, started in a new folder.

@@ -49,7 +49,8 @@ class StartStopTest : public QObject {
     BoxSet& boxes = *new BoxSet(window, messages);
     CombinedViews views{boxes, messages};
     SettingsFile settingsFile{settingsPath, settings, messages};
-    StoredBoxSet stored{boxes, messages};
+    WorkAtOnce longWork;
+    StoredBoxSet stored{boxes, messages, longWork};
     BoxStorage storage{stored, messages, settings.storageFolder};
     CrashRecovery recovery{boxes, clipboard, folder + "/recovery"};
     QtWindowGeometry geometry{window};

@@ -10,6 +10,7 @@
 #include "fakes/fake_shell.h"
 #include "fakes/scripted_dialogs.h"
 #include "fakes/scripted_messages.h"
+#include "fakes/work_at_once.h"
 #include "platform/qt/rich_text_control.h"
 
 namespace snipdeck {
@@ -122,6 +123,7 @@ struct EditorWorld {
   ScriptedQuestion question;
   CountedNotice notice;
   PictureDialog printer;
+  WorkAtOnce longWork;
   Settings settings;
   Desktop screen;
   PlacedWindow1000 main;
@@ -129,7 +131,7 @@ struct EditorWorld {
       {files, shell, windows, messages}, ProgramSearch(files, QStringLiteral("P:\\Own"), u'\\'), settings};
 
   EditorServices Services() {
-    return {{dialogs, messages, question, notice}, printer, clipboard, programs, settings, screen, main};
+    return {{dialogs, messages, question, notice, longWork}, printer, clipboard, programs, settings, screen, main};
   }
   QString Path(const QString& name) const { return folder.filePath(name); }
   QString Write(const QString& name, const QByteArray& bytes) const {

@@ -433,8 +433,8 @@ void RichTextControl::SetZoomValue(int percent) {
 
 // Switching the history off and on also gives back the room of text that only the history still held.
 void RichTextControl::ClearUndoHistory() {
-  document()->setUndoRedoEnabled(false);
-  document()->setUndoRedoEnabled(true);
+  QTextEdit::document()->setUndoRedoEnabled(false);
+  QTextEdit::document()->setUndoRedoEnabled(true);
 }
 
 namespace {

@@ -182,7 +182,7 @@ class RichTextControl : public QTextEdit {
   /// Where the control shows that a load or save failed; null, as it is made, for nowhere. Outlives the control.
   void SetMessages(MessageBox* messages) { m_messages = messages; }
   /// What keeps the windows alive while a file is read or written, and lets the user cancel; null, as it is made, reads
-  /// and writes at once. Copies that are added to the text meanwhile come after what is loaded. Outlives the control.
+  /// and writes at once. Nobody changes the text meanwhile. Outlives the control.
   void SetLongWork(LongWork* work) { m_longWork = work; }
 
   /// Forgets all undo and redo steps.
@@ -236,6 +236,8 @@ class RichTextControl : public QTextEdit {
   void Expect(const RichText& text);
   void Insert(const RichText& text, QTextCursor& cursor);
   int LastPosition() const;
+  void BeginLoaded(const RichText& text);
+  std::optional<PageGeometry> PageToSave() const;
   Outcome SaveTo(const QString& path, FileFormat format);
   void ReportFailure(int number, const QString& description, const QString& code = QString());
   void PlaceCaret(const QTextCursor& cursor, bool inView);

@@ -1,15 +1,21 @@
 // Loading and saving, for RichTextControl.
 
+#include <utility>
+
 #include <QFileInfo>
+#include <QTextCursor>
 #include <QTextFrame>
 #include <QThread>
 
 #include "platform/long_work.h"
 #include "platform/message_box.h"
 #include "platform/qt/rich_text_control.h"
+#include "platform/qt/layout/gradual_fill.h"
 #include "richtext/document_file.h"
+#include "richtext/document_flow.h"
 #include "richtext/document_page.h"
 #include "richtext/format_properties.h"
+#include "richtext/safe_document.h"
 
 namespace snipdeck {
 namespace {
@@ -33,34 +39,59 @@ QString FileName(const QString& path) {
   return QFileInfo(path).fileName();
 }
 
-/// What the user has cancelled needs no report.
 Failure Cancelled() {
   return {Failure::Kind::Refused, QString()};
 }
 
-bool IsCancelled(const Failure& failure) {
-  return failure.kind == Failure::Kind::Refused && failure.text.isEmpty();
+/// Without a LongWork: everything at once.
+bool RunAtOnce(const LongWork::Work& work, const LongWork::Turns& turns) {
+  while (turns.before && turns.before()) {
+  }
+  work({});
+  while (turns.after && turns.after()) {
+  }
+  return true;
 }
 
-Result<RichText> Read(LongWork* work, const QString& path, FileFormat format) {
-  if (!work) return ReadDocumentFile(path, format);
-  Result<RichText> text = Cancelled();
-  QThread* const here = QThread::currentThread();
-  const bool isWanted = work->Run(RichTextControl::tr("Loading %1 ...").arg(FileName(path)), [&](const auto& step) {
-    text = ReadDocumentFile(path, format, step);
-    if (text) text.Value().MoveToThread(here);
-  });
-  return isWanted ? text : Cancelled();
+bool Run(LongWork* longWork, const QString& what, const LongWork::Work& work, const LongWork::Turns& turns) {
+  return longWork ? longWork->Run(what, work, turns) : RunAtOnce(work, turns);
 }
 
-// Of a document that nothing changes meanwhile.
-Outcome Write(LongWork* work, const QTextDocument& document, const QString& path, FileFormat format) {
-  if (!work) return WriteDocumentFile(document, path, format);
-  Outcome saved = Cancelled();
-  work->Run(RichTextControl::tr("Saving %1 ...").arg(FileName(path)),
-            [&](const auto& step) { saved = WriteDocumentFile(document, path, format, step); });
-  return saved;
-}
+/// What is written of a text that is shown, whatever shows it does with it meanwhile.
+class TextCopy {
+ public:
+  TextCopy(const QTextDocument& content, const std::optional<PageGeometry>& page)
+      : m_content(content), m_page(page), m_font(content.defaultFont()), m_flow(content) {}
+
+  /// For some milliseconds, but all at once where there are tables or frames. False when all is copied.
+  bool TakePart() {
+    if (!IsPlainFlow(m_content)) {
+      m_copy = RichText::FromDocument(m_content);
+      return false;
+    }
+    if (m_flow.ReadPart()) return true;
+    m_copy = RichText::FromFlow(m_flow.Take(), {});
+    return false;
+  }
+
+  /// May run on another thread.
+  Outcome Write(const QString& path, FileFormat format, const FileProgress& progress) const {
+    SafeDocument document;
+    document.setDefaultFont(m_font);
+    QTextCursor cursor(&document);
+    document.rootFrame()->setFrameFormat(m_copy.Page());
+    m_copy.InsertAt(cursor);
+    if (m_page) SetPageOf(document, *m_page);
+    return WriteDocumentFile(document, path, format, progress);
+  }
+
+ private:
+  const QTextDocument& m_content;
+  const std::optional<PageGeometry> m_page;
+  const QFont m_font;
+  DocumentFlow m_flow;
+  RichText m_copy;
+};
 
 bool NamesItsPage(const QTextDocument& document) {
   const QTextFrameFormat format = document.rootFrame()->frameFormat();
@@ -84,29 +115,41 @@ void RichTextControl::SetLoadSaveAttribute(int index, int value) {
 }
 
 Outcome RichTextControl::LoadFile(const QString& path, int, FileFormat format) {
-  const int end = LastPosition();
-  const Result<RichText> text = Read(m_longWork, path, format);
-  if (!text) {
-    if (!IsCancelled(text.Error()))
-      ReportFailure(kLoadFailed, FailureText(QStringLiteral("Cannot load this file:"), path, text.Error()));
-    return text.Error();
-  }
-  const QTextFrameFormat page = text.Value().Document().rootFrame()->frameFormat();
+  Result<RichText> text = Cancelled();
+  QThread* const here = QThread::currentThread();
+  const auto read = [&](const LongWork::Step& step) {
+    text = ReadDocumentFile(path, format, step);
+    if (text) text.Value().MoveToThread(here);
+  };
+  bool isBegun = false;
+  const auto fill = [&] {
+    if (text && !std::exchange(isBegun, true)) BeginLoaded(text.Value());
+    m_filling->AddSome();
+    return m_filling->IsFilling();
+  };
+  if (!Run(m_longWork, tr("Loading %1 ...").arg(FileName(path)), read, {{}, fill})) return Cancelled();
+  if (text) return Done{};
+  if (!IsCancelled(text.Error()))
+    ReportFailure(kLoadFailed, FailureText(QStringLiteral("Cannot load this file:"), path, text.Error()));
+  return text.Error();
+}
+
+// No step of undo leads back to the text before it.
+void RichTextControl::BeginLoaded(const RichText& text) {
+  const QTextFrameFormat page = text.Page();
   for (int i = 0; i < kPageAttributes; ++i) SetLoadSaveAttribute(i, page.intProperty(PageProperty(i)));
-  // What was added while the file was read comes after it.
-  const RichText added = LastPosition() > end ? RichText::FromDocument(*document(), end) : RichText();
   SetText(QString());
-  SetSelRichText(text.Value());
-  if (!added.IsEmpty()) AppendRichText(added);
-  SetSelStart(0);
-  ClearUndoHistory();
-  return Done{};
+  QTextEdit::document()->setUndoRedoEnabled(false);
+  SetSelRichText(text);
+  setTextCursor(QTextCursor(QTextEdit::document()));
+  QTextEdit::document()->setUndoRedoEnabled(true);
 }
 
 // Attributes that the host has set are saved with the text, also where they say what a reader would take anyway: another
-// program takes something else. A copy is written, since the text may be added to meanwhile.
-Outcome RichTextControl::SaveTo(const QString& path, FileFormat format) {
-  PageGeometry page = PageOf(*document());
+// program takes something else.
+std::optional<PageGeometry> RichTextControl::PageToSave() const {
+  const QTextDocument& content = *document();
+  PageGeometry page = PageOf(content);
   int* const values[kPageAttributes] = {&page.width, &page.height, &page.left, &page.top, &page.right, &page.bottom};
   bool isSet = false;
   for (int i = 0; i < kPageAttributes; ++i) {
@@ -114,17 +157,18 @@ Outcome RichTextControl::SaveTo(const QString& path, FileFormat format) {
     *values[i] = LoadSaveAttribute(i);
     isSet = true;
   }
-  if (!isSet || (page == PageOf(*document()) && NamesItsPage(*document()))) {
-    if (!m_longWork) return Write(nullptr, *document(), path, format);
-    return Write(m_longWork, RichText::FromDocument(*document()).Document(), path, format);
-  }
-  QTextDocument copy;
-  copy.setUndoRedoEnabled(false);
-  copy.setDefaultFont(document()->defaultFont());
-  QTextCursor cursor(&copy);
-  RichText::FromDocument(*document()).InsertAt(cursor);
-  SetPageOf(copy, page);
-  return Write(m_longWork, copy, path, format);
+  if (!isSet || (page == PageOf(content) && NamesItsPage(content))) return {};
+  return page;
+}
+
+Outcome RichTextControl::SaveTo(const QString& path, FileFormat format) {
+  const std::optional<PageGeometry> page = PageToSave();
+  if (!m_longWork && !page) return WriteDocumentFile(*document(), path, format);
+  TextCopy copy(*document(), page);
+  Outcome saved = Cancelled();
+  const auto write = [&](const LongWork::Step& step) { saved = copy.Write(path, format, step); };
+  Run(m_longWork, tr("Saving %1 ...").arg(FileName(path)), write, {[&copy] { return copy.TakePart(); }, {}});
+  return saved;
 }
 
 Outcome RichTextControl::SaveFile(const QString& path, int, FileFormat format) {

@@ -90,11 +90,11 @@ void RichTextControl::PlaceLines() {
 }
 
 PageGeometry RichTextControl::Page() const {
-  return PageOf(*document());
+  return PageOf(*QTextEdit::document());
 }
 
 void RichTextControl::SetPage(const PageGeometry& page) {
-  SetPageOf(*document(), page);
+  SetPageOf(*QTextEdit::document(), page);
 }
 
 void RichTextControl::SetPageWidth(int twips) {

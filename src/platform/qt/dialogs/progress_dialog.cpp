@@ -36,7 +36,12 @@ ProgressDialog::ProgressDialog(const QString& what, QWidget* owner)
   column->addWidget(buttons);
 }
 
+void ProgressDialog::SetCancellable(bool cancellable) {
+  m_cancel->setEnabled(cancellable);
+}
+
 void ProgressDialog::reject() {
+  if (!m_cancel->isEnabled()) return;
   m_what->setText(tr("Cancelling ..."));
   m_cancel->setEnabled(false);
   emit Cancelled();

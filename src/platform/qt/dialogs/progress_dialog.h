@@ -18,6 +18,8 @@ class ProgressDialog : public QDialog {
 
   /// From 0 to 1; below 0 is not known.
   void ShowPart(double part);
+  /// Whether the user may still ask it to end, as at first.
+  void SetCancellable(bool cancellable);
   void reject() override;
 
  signals:
