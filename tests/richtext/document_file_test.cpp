@@ -180,6 +180,13 @@ void DocumentFileTest::DocxShowsWhatWordShows_data() {
   QTest::newRow("breaks") << QByteArray(
                                  "<w:p><w:r><w:t>a</w:t><w:br/><w:t>b</w:t><w:br w:type='page'/><w:t>c</w:t></w:r></w:p>")
                           << "a\nb\nc";
+  QTest::newRow("formula") << QByteArray(
+                                  "<w:p xmlns:m='http://schemas.openxmlformats.org/officeDocument/2006/math'><m:oMath><m:nary>"
+                                  "<m:naryPr><m:chr m:val='\u2211'/></m:naryPr><m:sub><m:r><m:t>k</m:t></m:r></m:sub><m:sup/>"
+                                  "<m:e><m:d><m:e><m:f><m:fPr><m:type m:val='noBar'/></m:fPr><m:num><m:r><m:t>n</m:t></m:r>"
+                                  "</m:num><m:den><m:r><m:t>k</m:t></m:r></m:den></m:f></m:e></m:d></m:e></m:nary><m:rad>"
+                                  "<m:deg/><m:e><m:r><m:t>2</m:t></m:r></m:e></m:rad></m:oMath></w:p>")
+                           << "\u2211k(n k)\u221A2";
   QTest::newRow("merged cells")
       << QByteArray(
              "<w:tbl><w:tblGrid><w:gridCol w:w='900'/><w:gridCol w:w='900'/></w:tblGrid><w:tr><w:tc><w:tcPr>"

@@ -192,8 +192,8 @@ void DocxBody::InlineElement(XmlPart& xml) {
   }
   if (xml.Is("AlternateContent")) return Alternatives(xml, &DocxBody::Inline);
   if (xml.Is("t")) return AddText(xml.readElementText(QXmlStreamReader::SkipChildElements));
-  if (xml.IsMath() && xml.Is("den")) AddText(u"/");
-  if (IsWrapper(xml) || xml.IsMath()) return Inline(xml);
+  if (xml.IsMath()) return Math(xml);
+  if (IsWrapper(xml)) return Inline(xml);
   xml.skipCurrentElement();
 }
 

@@ -75,6 +75,13 @@ class DocxBody {
   void VmlSize(const QString& style);
   void Picture(const QString& relationshipId);
   void AddText(QStringView text);
+  void Math(XmlPart& xml);
+  void MathBrackets(XmlPart& xml);
+  void MathSign(XmlPart& xml, bool isOperator);
+  void MathFraction(XmlPart& xml);
+  void MathRoot(XmlPart& xml);
+  void MathList(XmlPart& xml, QStringView separator);
+  void MathShifted(XmlPart& xml, QTextCharFormat::VerticalAlignment alignment);
   QTextCharFormat RunFormat() const;
 
   /// Of the versions of an element, the first that can be read here.
@@ -91,6 +98,8 @@ class DocxBody {
   Flow* m_flow = nullptr;
   OpenParagraph* m_paragraph = nullptr;
   QTextCharFormat m_direct;  ///< What the run says itself.
+  QTextCharFormat::VerticalAlignment m_mathShift = QTextCharFormat::AlignNormal;  ///< of a formula's part
+  bool m_mathAligns = false;  ///< In lines of formulas, in which an ampersand is a place to align them at.
   QString m_link;
   QString m_noteMark;
   QSize m_pictureSize;  ///< Twips

@@ -72,7 +72,9 @@ void DocxBody::Run(XmlPart& xml) {
 void DocxBody::RunElement(XmlPart& xml) {
   if (xml.Is("t")) {
     const bool keepsBlanks = xml.Value("space") == QLatin1String("preserve") || xml.IsMath();
-    const QString text = xml.readElementText(QXmlStreamReader::SkipChildElements);
+    const bool isAligned = m_mathAligns && xml.IsMath();
+    QString text = xml.readElementText(QXmlStreamReader::SkipChildElements);
+    if (isAligned) text.remove(u'&');
     return AddText(keepsBlanks ? text : text.trimmed());
   }
   if (xml.Is("instrText")) return m_fields.AddInstruction(xml.readElementText(QXmlStreamReader::SkipChildElements));
@@ -101,6 +103,7 @@ void DocxBody::RunMark(XmlPart& xml) {
 
 QTextCharFormat DocxBody::RunFormat() const {
   QTextCharFormat format = m_context.formats.Run(m_paragraph ? m_paragraph->base : QTextCharFormat(), m_direct);
+  if (m_mathShift != QTextCharFormat::AlignNormal) format.setVerticalAlignment(m_mathShift);
   const QString link = m_link.isEmpty() ? m_fields.Link() : m_link;
   if (!link.isEmpty()) {
     format.setAnchor(true);
