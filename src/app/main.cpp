@@ -7,12 +7,13 @@
 #include "app/single_instance.h"
 #include "app/termination_signals.h"
 #include "platform/qt/drawn_icon.h"
+#include "platform/qt/printing/qt_print_dialog.h"
+#include "platform/qt/program_style.h"
 #include "platform/qt/qt_file_dialogs.h"
 #include "platform/qt/qt_file_lookup.h"
 #include "platform/qt/qt_font_colour_dialogs.h"
 #include "platform/qt/qt_long_work.h"
 #include "platform/qt/qt_message_box.h"
-#include "platform/qt/printing/qt_print_dialog.h"
 #include "platform/qt/qt_screen.h"
 #include "platform/x11/x11_clipboard_access.h"
 #include "platform/x11/x11_clipboard_functions.h"
@@ -32,6 +33,12 @@ void AnnounceWindow(SingleInstance& instance, const QWidget& window) {
 /// Keeps the clipboard's contents after the end.
 QString HolderProgram() {
   return QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral("qm_snipdeck_holder"));
+}
+
+// Windows are placed, listed and raised over X, so that XWayland is asked even where Qt would rather speak Wayland.
+void PreferX() {
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM") && qEnvironmentVariableIsSet("DISPLAY"))
+    qputenv("QT_QPA_PLATFORM", "xcb");
 }
 
 int Run(QApplication& application, SingleInstance& instance, const QString& folder) {
@@ -77,7 +84,9 @@ int main(int argc, char** argv) {
     return 0;
   }
   QGuiApplication::setDesktopFileName(QStringLiteral("org.qm_snipdeck.QM_Snipdeck"));
+  PreferX();
   QApplication application(argc, argv);
+  QApplication::setStyle(new ProgramStyle);
   QApplication::setWindowIcon(DrawnIcon(QStringLiteral("program"), Qt::black));
   return Run(application, instance, folder);
 }

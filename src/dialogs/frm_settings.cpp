@@ -70,14 +70,13 @@ QWidget* frmSettings::MakeStartGroup() {
   auto* group = new QGroupBox(tr("Start"));
   auto* column = new QVBoxLayout(group);
   QCheckBox* cumulative = MakeCheck("chkStartWithCumulativeBox", tr("Always start with cumulative clipboard text box"),
-                                    tr("Show the cumulative text instead of the twelve boxes, now and at every start; "
-                                       "copies are then also collected while a box is enlarged"),
+                                    tr("Show the cumulative text instead of the twelve boxes, now and at every start.\n"
+                                       "Copies are then also collected while a box is enlarged."),
                                     settings.startWithCumulative);
-  QCheckBox* load =
-      MakeCheck("chkAutoLoadLastFile", tr("Autoload last used file into cumulative clipboard text box"),
-                tr("Load the file that was last shown in the cumulative text box at the next start, if the program "
-                   "starts with that box"),
-                settings.loadLastFile);
+  QCheckBox* load = MakeCheck("chkAutoLoadLastFile", tr("Autoload last used file into cumulative clipboard text box"),
+                              tr("Load the file that was last shown in the cumulative text box at the next start,\n"
+                                 "if the program starts with that box."),
+                              settings.loadLastFile);
   column->addWidget(cumulative);
   column->addWidget(load);
   connect(cumulative, &QCheckBox::toggled, this, &frmSettings::chkStartWithCumulativeBox_Click);
@@ -99,7 +98,8 @@ QWidget* frmSettings::MakeLooksGroup() {
     connect(button, &QPushButton::clicked, this, handler);
     grid->addWidget(button, 1, place++);
   };
-  add("cmdControlFont", tr("Contro&l font"), tr("Choose the font of buttons, labels and lists"),
+  add("cmdControlFont", tr("Contro&l font"),
+      tr("Choose the font of buttons, labels and lists;\nit shows where the box above is ticked"),
       &frmSettings::cmdControlFont_Click);
   add("cmdButtonColour", tr("&Button colour"), tr("Choose the colour of the main window and its buttons"),
       &frmSettings::cmdButtonColour_Click);
@@ -112,35 +112,41 @@ QWidget* frmSettings::MakeFilesGroup() {
   auto* group = new QGroupBox(tr("Programs and files"));
   auto* grid = new QGridLayout(group);
   grid->setColumnStretch(1, 1);
-  m_browser =
-      AddFile(*grid, tr("Your browser"), "txtCustomBrowser", m_services.settings.customBrowser, "cmdCustomBrowser",
-              tr("Look for the browser that the program starts"), &frmSettings::cmdCustomBrowser_Click);
-  m_notes = AddFile(*grid, tr("Topical notes file"), "txtTopicalNotesFile", m_services.settings.topicalNotesFile,
-                    "cmdTopicalNotes", tr("Look for the file that \"Topical notes\" opens"),
-                    &frmSettings::cmdTopicalNotes_Click);
+  m_browser = AddField(*grid, "txtCustomBrowser", tr("Your browser"), m_services.settings.customBrowser,
+                       tr("The program that \"Your browser\" starts"));
+  AddBrowse(*grid, "cmdCustomBrowser", tr("Look for the browser that the program starts"),
+            &frmSettings::cmdCustomBrowser_Click);
+  m_notes = AddField(*grid, "txtTopicalNotesFile", tr("Topical notes file"), m_services.settings.topicalNotesFile,
+                     tr("The file that \"Topical notes\" opens"));
+  AddBrowse(*grid, "cmdTopicalNotes", tr("Look for the file that \"Topical notes\" opens"),
+            &frmSettings::cmdTopicalNotes_Click);
   return group;
 }
 
-QLineEdit* frmSettings::AddFile(QGridLayout& grid, const QString& caption, const char* field, const QString& file,
-                                const char* button, const QString& toolTip, void (frmSettings::*handler)()) {
+QLineEdit* frmSettings::AddField(QGridLayout& grid, const char* name, const QString& caption, const QString& file,
+                                 const QString& about) {
   auto* edit = new QLineEdit(file);
-  edit->setObjectName(QString::fromLatin1(field));
+  edit->setObjectName(QString::fromLatin1(name));
   edit->setAccessibleName(caption);
-  edit->setToolTip(tr("Only the button beside it changes this"));
+  edit->setToolTip(tr("%1;\nonly the button beside it changes this").arg(about));
   edit->setMinimumWidth(kFieldWidth);
   auto* label = new QLabel(caption);
   label->setBuddy(edit);
+  const int row = grid.rowCount();
+  grid.addWidget(label, row, 0);
+  grid.addWidget(edit, row, 1);
+  return edit;
+}
+
+void frmSettings::AddBrowse(QGridLayout& grid, const char* name, const QString& toolTip,
+                            void (frmSettings::*handler)()) {
   auto* browse = new CommandButton(QStringLiteral("open-file"), toolTip, this);
-  browse->setObjectName(QString::fromLatin1(button));
+  browse->setObjectName(QString::fromLatin1(name));
   browse->setFocusPolicy(Qt::StrongFocus);
   browse->setAutoDefault(true);  // Enter presses it, not "Close"
   browse->setFixedSize(kBrowseSize);
   connect(browse, &QPushButton::clicked, this, handler);
-  const int row = grid.rowCount();
-  grid.addWidget(label, row, 0);
-  grid.addWidget(edit, row, 1);
-  grid.addWidget(browse, row, 2);
-  return edit;
+  grid.addWidget(browse, grid.rowCount() - 1, 2);
 }
 
 void frmSettings::chkAutoLoadLastFile_Click(bool checked) {

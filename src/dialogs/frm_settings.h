@@ -45,8 +45,11 @@ class frmSettings : public QDialog {
   QWidget* MakeStartGroup();
   QWidget* MakeLooksGroup();
   QWidget* MakeFilesGroup();
-  QLineEdit* AddFile(QGridLayout& grid, const QString& caption, const char* field, const QString& file,
-                     const char* button, const QString& toolTip, void (frmSettings::*handler)());
+  /// A row of its own, with the name of a setting's file.
+  QLineEdit* AddField(QGridLayout& grid, const char* name, const QString& caption, const QString& file,
+                      const QString& about);
+  /// At the end of the last row.
+  void AddBrowse(QGridLayout& grid, const char* name, const QString& toolTip, void (frmSettings::*handler)());
   void Browse(QString& setting, QLineEdit& field, const QString& title, const QList<FileFilter>& filters);
 
   SettingsDialogServices m_services;

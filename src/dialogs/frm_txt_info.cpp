@@ -7,6 +7,7 @@
 #include <QPushButton>
 
 #include "dialogs/properties_sheet.h"
+#include "dialogs/value_label.h"
 #include "platform/copy_notice.h"
 #include "platform/qt/dialogs/dialog_button.h"
 
@@ -15,13 +16,6 @@ namespace snipdeck {
 namespace {
 
 constexpr int kLeastValueWidth = 300;  // pixels
-constexpr int kMostShown = 64;         // characters of a value
-
-// Of a long name or path the beginning and the end.
-QString Shortened(const QString& value) {
-  if (value.size() <= kMostShown) return value;
-  return value.left(kMostShown / 2) + QChar(0x2026) + value.right(kMostShown / 2 - 1);
-}
 
 }  // namespace
 
@@ -44,13 +38,8 @@ QWidget* frmTxtInfo::MakeDetails() {
   grid->setColumnMinimumWidth(1, kLeastValueWidth);
   int row = 0;
   const auto add = [&](const QString& caption, const QString& value) {
-    auto* label = new QLabel(Shortened(value));
+    QLabel* label = MakeValueLabel(caption, value);
     label->setObjectName(QStringLiteral("Label%1").arg(row + 1));
-    label->setAccessibleName(caption);
-    label->setAccessibleDescription(value);
-    label->setTextFormat(Qt::PlainText);
-    if (label->text() != value) label->setToolTip(QStringLiteral("<qt>%1</qt>").arg(value.toHtmlEscaped()));
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     grid->addWidget(new QLabel(caption), row, 0, Qt::AlignTop);
     grid->addWidget(label, row++, 1);
   };

@@ -11,6 +11,8 @@
 #include <QLocale>
 #include <QMimeDatabase>
 
+#include "dialogs/value_label.h"
+
 namespace snipdeck {
 
 namespace {
@@ -38,14 +40,8 @@ QString SizeText(qint64 bytes) {
   return Words("%1 (%L2 bytes)").arg(QLocale().formattedDataSize(bytes)).arg(bytes);
 }
 
-QLabel& AddRow(QFormLayout& form, const char* caption, const QString& value) {
-  auto* label = new QLabel(value);
-  label->setTextFormat(Qt::PlainText);
-  label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  label->setAccessibleName(Words(caption));
-  label->setAccessibleDescription(value);
-  form.addRow(Words(caption), label);
-  return *label;
+void AddRow(QFormLayout& form, const char* caption, const QString& value) {
+  form.addRow(Words(caption), MakeValueLabel(Words(caption), value));
 }
 
 }  // namespace
@@ -58,8 +54,8 @@ void ShowPropertiesSheet(const QString& path, QWidget& owner) {
   sheet->setObjectName(QStringLiteral("PropertiesSheet"));
   sheet->setWindowTitle(Words("Properties of %1").arg(file.fileName()));
   auto* form = new QFormLayout(sheet);
-  AddRow(*form, "Name", file.fileName()).setWordWrap(true);
-  AddRow(*form, "Folder", QDir::toNativeSeparators(file.absolutePath())).setWordWrap(true);
+  AddRow(*form, "Name", file.fileName());
+  AddRow(*form, "Folder", QDir::toNativeSeparators(file.absolutePath()));
   AddRow(*form, "Kind", QMimeDatabase().mimeTypeForFile(file, QMimeDatabase::MatchExtension).comment());
   AddRow(*form, "Size", SizeText(file.size()));
   AddRow(*form, "Created", TimeText(file.birthTime()));
