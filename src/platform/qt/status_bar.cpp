@@ -83,7 +83,7 @@ CaretPlace CaretPlaceIn(const RichTextControl& control, const PageStarts& pages)
 
   const double top = blockTop + line.y();
   const double pageHeight = control.ScaleOfLayout().pageHeight;
-  const int page = pageHeight > 0 ? static_cast<int>(top / pageHeight) + 1 : pages.PageOf(caret.position());
+  const int page = pageHeight > 0 ? static_cast<int>((top + line.ascent()) / pageHeight) + 1 : pages.PageOf(caret.position());
   const int column = caret.positionInBlock() - line.textStart() + 1;
   if (page == 0) return {0, 0, column};
   const PageTop begin = pageHeight > 0 ? PageTop{(page - 1) * pageHeight, 0} : PageTop{0, pages.StartOf(page)};

@@ -1,16 +1,11 @@
 #include "platform/qt/layout/paragraph_layout.h"
 
 #include <cmath>
-#include <limits>
 
 #include <QElapsedTimer>
-#include <QGuiApplication>
-#include <QPainter>
-#include <QScreen>
 #include <QTextFrame>
 #include <QTextLayout>
 
-#include "platform/qt/layout/paragraph_painter.h"
 
 namespace snipdeck {
 
@@ -27,29 +22,9 @@ int NewGeneration() {
   return ++last;
 }
 
-double ScaleOf(const QPaintDevice* device) {
-  const QScreen* const screen = QGuiApplication::primaryScreen();
-  return device && screen ? device->logicalDpiY() / screen->logicalDotsPerInchY() : 1;
-}
-
 }  // namespace
 
-ParagraphLayout::ParagraphLayout(QTextDocument* document) : QAbstractTextDocumentLayout(document) {
-  auto* const pictures =
-      dynamic_cast<QObject*>(m_objects.documentLayout()->handlerForObject(QTextFormat::ImageObject));
-  if (pictures) registerHandler(QTextFormat::ImageObject, pictures);
-}
-
-double ParagraphLayout::Margin() const {
-  return document()->rootFrame()->frameFormat().leftMargin();
-}
-
-TextColumn ParagraphLayout::FindColumn() const {
-  const double width = document()->textWidth();
-  const bool wraps = width > 0 && document()->defaultTextOption().wrapMode() != QTextOption::NoWrap;
-  const QTextFrameFormat frame = document()->rootFrame()->frameFormat();
-  return {Margin(), std::max(width - Margin() - frame.rightMargin(), 1.0), wraps, ScaleOf(paintDevice())};
-}
+ParagraphLayout::ParagraphLayout(QTextDocument* document) : FlowLayout(document) {}
 
 void ParagraphLayout::documentChanged(int from, int, int added) {
   const bool isWhole = from == 0 && added >= document()->characterCount();
@@ -133,10 +108,6 @@ QSizeF ParagraphLayout::documentSize() const {
   return {std::max(document()->textWidth(), m_widest + 2 * Margin()), document()->lineCount() + 2 * Margin()};
 }
 
-QRectF ParagraphLayout::frameBoundingRect(QTextFrame*) const {
-  return {QPointF(), documentSize()};
-}
-
 QRectF ParagraphLayout::blockBoundingRect(const QTextBlock& block) const {
   if (!block.isValid()) return {};
   const_cast<ParagraphLayout*>(this)->Place(block, true);
@@ -156,22 +127,6 @@ QTextBlock ParagraphLayout::BlockAt(double y) const {
   if (line < 0) return document()->firstBlock();
   const QTextBlock block = document()->findBlockByLineNumber(line);
   return block.isValid() ? block : document()->lastBlock();
-}
-
-int ParagraphLayout::CaretWidth() const {
-  const QVariant width = property("cursorWidth");
-  return width.isValid() ? width.toInt() : 1;
-}
-
-void ParagraphLayout::draw(QPainter* painter, const PaintContext& context) {
-  const int caretWidth = CaretWidth();
-  const double bottom = context.clip.isValid() ? context.clip.bottom() : std::numeric_limits<double>::max();
-  QTextBlock block = context.clip.isValid() ? BlockAt(context.clip.top()) : document()->firstBlock();
-  for (; block.isValid() && TopOf(block) <= bottom; block = block.next()) {
-    if (!block.isVisible()) continue;
-    blockBoundingRect(block);
-    PaintParagraph(*painter, block, context, caretWidth);
-  }
 }
 
 namespace {

@@ -1,36 +1,30 @@
 #pragma once
 
-#include <QAbstractTextDocumentLayout>
-
+#include "platform/qt/layout/flow_layout.h"
 #include "platform/qt/layout/height_guess.h"
-#include "platform/qt/layout/paragraph_lines.h"
 
 namespace snipdeck {
 
 /// The layout of a very long text of paragraphs: places the lines of those paragraphs only that somebody asks for, such
 /// as the visible ones, and guesses the heights of the others. Any place of the text can so be shown at once, and a
-/// change costs what the changed paragraphs cost. Draws paragraphs as Qt's layout does; tables and frames it cannot
-/// draw, and it knows no pages.
+/// change costs what the changed paragraphs cost. It knows no pages.
 ///
 /// The height of a paragraph is its line count: the document keeps the sums of line counts in a tree, whatever is
 /// inserted or removed, so one line stands for one pixel here. A paragraph's user state tells for which width its height
 /// was found.
-class ParagraphLayout : public QAbstractTextDocumentLayout {
+class ParagraphLayout : public FlowLayout {
   Q_OBJECT
 
  public:
   explicit ParagraphLayout(QTextDocument* document);
 
-  void draw(QPainter* painter, const PaintContext& context) override;
   int hitTest(const QPointF& point, Qt::HitTestAccuracy accuracy) const override;
   int pageCount() const override { return 1; }
   QSizeF documentSize() const override;
-  QRectF frameBoundingRect(QTextFrame* frame) const override;
   /// Places the paragraph's lines.
   QRectF blockBoundingRect(const QTextBlock& block) const override;
 
-  /// The paragraph at a height in pixels; the first or the last one beyond the ends.
-  QTextBlock BlockAt(double y) const;
+  QTextBlock BlockAt(double y) const override;
   /// Where a paragraph begins with the space above it, in whole pixels. Exact as far as the heights before it are.
   int TopOf(const QTextBlock& block) const;
   int HeightOf(const QTextBlock& block) const { return block.lineCount(); }
@@ -53,9 +47,6 @@ class ParagraphLayout : public QAbstractTextDocumentLayout {
   void StartAnew();
   void ChangeBlocks(int from, int added);
   void Guess(QTextBlock& block);
-  TextColumn FindColumn() const;
-  double Margin() const;
-  int CaretWidth() const;
 
   TextColumn m_column;
   HeightGuess m_guess{TextColumn(), nullptr};
@@ -65,8 +56,6 @@ class ParagraphLayout : public QAbstractTextDocumentLayout {
   int m_unknownFrom = -1;
   double m_widest = 0;
   QSizeF m_toldSize;
-  /// Only there for the objects in texts that Qt's layout can draw: pictures.
-  QTextDocument m_objects;
 };
 
 }  // namespace snipdeck

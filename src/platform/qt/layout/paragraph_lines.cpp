@@ -14,22 +14,6 @@ namespace {
 
 constexpr double kEndlessLine = 1e6;  // pixels; QTextLine counts in 1/64 of them, in 32 bits
 
-/// Where one line goes within its paragraph, and how far it reaches.
-struct LinePlace {
-  double top;
-  double bottom;
-  double next;
-};
-
-LinePlace PlaceOf(const QTextLine& line, double y, const QTextBlockFormat& format, double scale) {
-  const double advance = format.lineHeight(std::ceil(line.ascent() + line.descent() + line.leading()), scale);
-  double raisedBy = 0;
-  if (format.lineHeightType() == QTextBlockFormat::FixedHeight)
-    raisedBy = line.ascent() + std::max(line.leading(), 0.0) - advance * 4 / 5;
-  if (format.lineHeightType() == QTextBlockFormat::MinimumHeight) raisedBy = line.height() - advance;
-  return {y - raisedBy, y + format.lineHeight(line.height(), scale), y + advance};
-}
-
 QTextOption OptionFor(const QTextBlock& block, const TextColumn& column) {
   const QTextBlockFormat format = block.blockFormat();
   QTextOption option = block.document()->defaultTextOption();
@@ -55,7 +39,20 @@ double IndentOf(const QTextBlock& block, const TextColumn& column) {
   return ListSteps(block) * block.document()->indentWidth() * column.scale;
 }
 
-double PlaceLines(const QTextBlock& block, const TextColumn& column) {
+LineRoom RoomOf(const QTextLine& line, const QTextBlockFormat& format, double scale) {
+  LineRoom room;
+  const int type = format.lineHeightType();
+  room.advance = format.lineHeight(std::ceil(line.ascent() + line.descent() + line.leading()), scale);
+  room.bottom = format.lineHeight(line.height(), scale);
+  const bool isSet = type == QTextBlockFormat::FixedHeight || type == QTextBlockFormat::MinimumHeight;
+  room.needed = isSet ? room.bottom : line.height();
+  if (type == QTextBlockFormat::FixedHeight)
+    room.raised = line.ascent() + std::max(line.leading(), 0.0) - room.advance * 4 / 5;
+  if (type == QTextBlockFormat::MinimumHeight) room.raised = line.height() - room.advance;
+  return room;
+}
+
+void BreakLines(const QTextBlock& block, const TextColumn& column) {
   QTextLayout& layout = *block.layout();
   const QTextBlockFormat format = block.blockFormat();
   const bool leftToRight = block.textDirection() == Qt::LeftToRight;
@@ -64,8 +61,6 @@ double PlaceLines(const QTextBlock& block, const TextColumn& column) {
   const double right = format.rightMargin() + (leftToRight ? 0 : indent);
   const double width = column.wraps ? column.width - left - right : kEndlessLine;
   double firstIndent = format.textIndent();
-  double y = 0;
-  double bottom = 0;
 
   layout.setTextOption(OptionFor(block, column));
   layout.beginLayout();
@@ -74,13 +69,25 @@ double PlaceLines(const QTextBlock& block, const TextColumn& column) {
     line.setLineWidth(width - firstIndent);
     // A picture may be wider than the column.
     if (line.naturalTextWidth() > width - firstIndent) line.setLineWidth(line.naturalTextWidth());
-    const LinePlace place = PlaceOf(line, y, format, column.scale);
-    line.setPosition(QPointF(left + (leftToRight ? firstIndent : 0), place.top));
-    bottom = place.bottom;
-    y = place.next;
+    line.setPosition(QPointF(left + (leftToRight ? firstIndent : 0), 0));
     firstIndent = 0;
   }
   layout.endLayout();
+}
+
+double PlaceLines(const QTextBlock& block, const TextColumn& column) {
+  BreakLines(block, column);
+  const QTextBlockFormat format = block.blockFormat();
+  const QTextLayout& layout = *block.layout();
+  double y = 0;
+  double bottom = 0;
+  for (int i = 0; i < layout.lineCount(); ++i) {
+    QTextLine line = layout.lineAt(i);
+    const LineRoom room = RoomOf(line, format, column.scale);
+    line.setPosition(QPointF(line.x(), y - room.raised));
+    bottom = y + room.bottom;
+    y += room.advance;
+  }
   return std::max(y, bottom);
 }
 

@@ -6,16 +6,15 @@
 #include <QTextBlock>
 #include <QTextLayout>
 
-#include "platform/qt/printing/page_printing.h"
+#include "platform/qt/page_view/gradual_copy.h"
 #include "platform/qt/rich_text_control.h"
 
 namespace snipdeck {
 namespace {
 
-constexpr int kAtOnce = 3'000;     // characters; takes a few milliseconds
-constexpr int kMost = 3'000'000;   // characters
-constexpr int kPause = 600;        // milliseconds without a change
-constexpr int kBetweenLooks = 50;  // milliseconds, while Qt places the copy in its own time
+constexpr int kAtOnce = 3'000;    // characters; takes a few milliseconds
+constexpr int kMost = 3'000'000;  // characters
+constexpr int kPause = 600;       // milliseconds without a change
 
 }  // namespace
 
@@ -34,8 +33,7 @@ void PageStarts::LookAt(const RichTextControl& control) {
   m_copy.reset();
   m_waiting.stop();
   if (document->characterCount() > kAtOnce) return m_waiting.start(kPause, this);
-  m_copy = std::make_unique<PagedCopy>(*document);
-  Read();
+  Read(PagedCopy(*document));
 }
 
 void PageStarts::Follow(QTextDocument* document) {
@@ -49,6 +47,8 @@ void PageStarts::Follow(QTextDocument* document) {
 
 // Of a text that was replaced nothing is known.
 void PageStarts::Move(int position, int removed, int added) {
+  if (m_copy) m_waiting.start(kPause, this);
+  m_copy.reset();
   if (removed != added && std::max(removed, added) > m_document->characterCount() / 2) {
     m_starts.clear();
     m_count = 0;
@@ -63,38 +63,34 @@ int PageStarts::PageOf(int position) const {
   return std::max(1, static_cast<int>(next - m_starts.begin()));
 }
 
-bool PageStarts::IsPlaced() const {
-  return m_copy->Document().lastBlock().layout()->lineCount() > 0;
-}
-
 void PageStarts::timerEvent(QTimerEvent*) {
   if (!m_document || m_document->characterCount() > kMost) return m_waiting.stop();
   if (m_control->IsFilling()) return;
   if (!m_copy) {
-    m_copy = std::make_unique<PagedCopy>(*m_document);
-    return m_waiting.start(kBetweenLooks, this);
+    m_copy = std::make_unique<GradualCopy>(*m_document);
+    m_waiting.start(0, this);
   }
-  if (!IsPlaced()) return;
+  if (m_copy->GoOn()) return;
   m_waiting.stop();
-  Read();
+  Read(m_copy->Pages());
+  m_copy.reset();
   m_found();
 }
 
 // A row of a table that goes over several pages comes back to the first of them with each of its cells.
-void PageStarts::Read() {
-  const PagedText& text = m_copy->Text();
-  const QTextDocument& copy = m_copy->Document();
+void PageStarts::Read(const PagedCopy& pages) {
+  const PagedText& text = pages.Text();
+  const QTextDocument& copy = pages.Document();
   m_count = text.CountPages();
   m_starts.clear();
   for (QTextBlock block = copy.begin(); block.isValid(); block = block.next()) {
     const double top = copy.documentLayout()->blockBoundingRect(block).top();
     for (int i = 0; i < block.layout()->lineCount(); ++i) {
       const QTextLine line = block.layout()->lineAt(i);
-      const int page = text.PageOfDot(top + line.y() + 1);
+      const int page = text.PageOfDot(top + line.y() + line.ascent());
       while (m_starts.size() <= page) m_starts.append(block.position() + line.textStart());
     }
   }
-  m_copy.reset();
 }
 
 }  // namespace snipdeck

@@ -13,6 +13,7 @@
 
 namespace snipdeck {
 
+class GradualCopy;
 class PagedCopy;
 class RichTextControl;
 
@@ -41,8 +42,7 @@ class PageStarts : public QObject {
  private:
   void Follow(QTextDocument* document);
   void Move(int position, int removed, int added);
-  bool IsPlaced() const;
-  void Read();
+  void Read(const PagedCopy& copy);
 
   const std::function<void()> m_found;
   QPointer<QTextDocument> m_document;
@@ -52,7 +52,7 @@ class PageStarts : public QObject {
   QList<int> m_starts;
   int m_count = 0;
   QBasicTimer m_waiting;
-  std::unique_ptr<PagedCopy> m_copy;
+  std::unique_ptr<GradualCopy> m_copy;
 };
 
 }  // namespace snipdeck

@@ -41,10 +41,15 @@ PageView::PageView(RichTextControl& control)
   show();
 }
 
-void PageView::FollowDocument() {
+void PageView::FollowLayout() {
   const QAbstractTextDocumentLayout* const layout = m_control.document()->documentLayout();
   connect(layout, &QAbstractTextDocumentLayout::documentSizeChanged, this, &PageView::FitScrollBars);
   connect(layout, &QAbstractTextDocumentLayout::update, viewport(), qOverload<>(&QWidget::update));
+}
+
+void PageView::FollowDocument() {
+  FollowLayout();
+  connect(m_control.document(), &QTextDocument::documentLayoutChanged, this, &PageView::FollowLayout);
   connect(&m_control, &QTextEdit::textChanged, this, &PageView::TextHasChanged);
   connect(&m_control, &QTextEdit::selectionChanged, viewport(), qOverload<>(&QWidget::update));
   connect(&m_control, &QTextEdit::cursorPositionChanged, this, [this] {
@@ -173,7 +178,7 @@ void PageView::MoveByView(int direction, QTextCursor::MoveMode mode) {
 
 void PageView::TextHasChanged() {
   ShowCaret();
-  if (!m_text.HasOtherPage()) return;
+  if (!m_text.IsOutdated()) return;
   m_text.LayOut();
   FitScrollBars();
 }

@@ -66,6 +66,7 @@ class PageView : public QAbstractScrollArea {
   int CaretPosition() const;
 
   void FollowDocument();
+  void FollowLayout();
   void FitScrollBars();
   void TextHasChanged();
   void ShowCaret();

@@ -4,12 +4,17 @@
 #include <cmath>
 
 #include <QPainter>
+#include <QSignalBlocker>
 #include <QTextBlock>
 #include <QTextDocument>
+#include <QTextFrame>
 #include <QTextLayout>
 
+#include "platform/qt/page_view/page_layout.h"
 #include "platform/units.h"
 #include "richtext/document_page.h"
+#include "richtext/page_drawing.h"
+#include "richtext/paragraph_marks.h"
 
 namespace snipdeck {
 namespace {
@@ -22,16 +27,24 @@ QFont Unhinted(QFont font) {
   return font;
 }
 
+// A new layout is no change of the text, and must not be told as one.
+void GiveLayout(QTextDocument& document, QAbstractTextDocumentLayout* layout) {
+  const QVariant caretWidth = document.documentLayout()->property("cursorWidth");
+  {
+    const QSignalBlocker quiet(&document);
+    document.setDocumentLayout(layout);
+    document.documentLayout()->setProperty("cursorWidth", caretWidth);
+  }
+  emit document.documentLayoutChanged();
+}
+
 }  // namespace
 
 PagedText::PagedText(QTextDocument& document)
     : m_document(document), m_font(document.defaultFont()), m_hadDesignMetrics(document.useDesignMetrics()) {
+  FollowLayout();
   LayOut();
-  connect(document.documentLayout(), &QAbstractTextDocumentLayout::documentSizeChanged, this,
-          [this](const QSizeF& size) {
-            m_pages = PageOfDot(size.height() - 1) + 1;
-            m_finding.start(0, this);
-          });
+  connect(&document, &QTextDocument::documentLayoutChanged, this, &PagedText::FollowLayout);
   // The first of these signals comes before the document is laid out for a change, the second one after.
   connect(&document, &QTextDocument::contentsChange, this, &PagedText::LoosenPageEnds);
   connect(&document, &QTextDocument::contentsChanged, this, &PagedText::TightenPageEnds);
@@ -39,14 +52,36 @@ PagedText::PagedText(QTextDocument& document)
 
 PagedText::~PagedText() {
   m_document.setPageSize(QSizeF(0, 0));
+  if (m_isOurs) GiveLayout(m_document, nullptr);
   m_document.setDefaultFont(m_font);
   m_document.setUseDesignMetrics(m_hadDesignMetrics);
   m_document.documentLayout()->setPaintDevice(nullptr);
 }
 
+void PagedText::FollowLayout() {
+  connect(m_document.documentLayout(), &QAbstractTextDocumentLayout::documentSizeChanged, this,
+          [this](const QSizeF& size) {
+            m_pages = PageOfDot(size.height() - 1) + 1;
+            if (!m_isOurs) m_finding.start(0, this);
+          });
+}
+
+bool PagedText::HasTables() const {
+  return !m_document.rootFrame()->childFrames().isEmpty();
+}
+
+void PagedText::ChooseLayout() {
+  if (m_isOurs != HasTables()) return;
+  m_isOurs = !m_isOurs;
+  m_pageEnds.clear();
+  m_loosened.clear();
+  GiveLayout(m_document, m_isOurs ? new PageLayout(&m_document) : nullptr);
+}
+
 // Without a page size nothing is laid out, so that it is done once and not after each of the other settings.
 void PagedText::LayOut() {
   m_document.setPageSize(QSizeF(0, 0));
+  ChooseLayout();
   m_document.documentLayout()->setPaintDevice(&m_paper);
   m_document.setDefaultFont(Unhinted(m_font));
   m_document.setUseDesignMetrics(true);
@@ -62,13 +97,14 @@ void PagedText::LayOut() {
   m_document.setPageSize(m_strip);
 }
 
-bool PagedText::HasOtherPage() const {
-  return PageOf(m_document) != m_geometry;
+bool PagedText::IsOutdated() const {
+  return PageOf(m_document) != m_geometry || m_isOurs == HasTables();
 }
 
 void PagedText::FindPageEnds() {
   m_finding.stop();
   m_pageEnds.clear();
+  if (m_isOurs) return;
   for (int page = 0; page + 1 < m_pages; ++page) {
     const QPointF end(0, DotsOf(page).bottom() - m_margin - 1);
     const QTextBlock block = m_document.findBlock(m_document.documentLayout()->hitTest(end, Qt::FuzzyHit));
@@ -155,17 +191,29 @@ QRectF PagedText::CaretDots(int position) const {
   return QRectF(place.left() + x, place.top() + line.y(), 0, line.height());
 }
 
-void PagedText::Paint(QPainter& painter, int page, QAbstractTextDocumentLayout::PaintContext context) const {
+// What hangs out of its line at the sides is shown; above and below begins the next page.
+void PagedText::OnStrip(QPainter& painter, int page, const std::function<void()>& draw) const {
   const QRectF dots = DotsOf(page);
   painter.save();
-  painter.translate(m_text);
-  painter.translate(-dots.topLeft());
-  // What hangs out of its line at the sides is shown; above and below begins the next page.
-  painter.setClipRect(dots.adjusted(-m_text.x(), 0, m_text.x(), 0),
-                      Qt::IntersectClip);
-  context.clip = dots;
-  m_document.documentLayout()->draw(&painter, context);
+  painter.translate(m_text - dots.topLeft());
+  painter.setClipRect(dots.adjusted(-m_text.x(), 0, m_text.x(), 0), Qt::IntersectClip);
+  draw();
   painter.restore();
+}
+
+void PagedText::Paint(QPainter& painter, int page, PaintContext context) const {
+  context.clip = DotsOf(page);
+  OnStrip(painter, page, [&] {
+    m_document.documentLayout()->draw(&painter, context);
+    if (!m_isOurs) PaintMarks(painter, m_document, context.clip, context.palette);
+  });
+}
+
+void PagedText::Print(QPainter& painter, int page) const {
+  PaintContext context;
+  context.palette.setColor(QPalette::Text, Qt::black);
+  context.clip = DotsOf(page);
+  OnStrip(painter, page, [&] { DrawPage(m_document, painter, context, !m_isOurs); });
 }
 
 }  // namespace snipdeck

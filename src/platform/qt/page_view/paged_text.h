@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include <QAbstractTextDocumentLayout>
 #include <QBasicTimer>
 #include <QFont>
@@ -21,14 +23,16 @@ namespace snipdeck {
 /// back its paint device and its page size.
 class PagedText : public QObject {
  public:
+  using PaintContext = QAbstractTextDocumentLayout::PaintContext;
+
   explicit PagedText(QTextDocument& document);
   ~PagedText();
   Q_DISABLE_COPY_MOVE(PagedText)
 
   /// Lays everything out anew; pages are placed bit by bit, as they are asked for or when there is time.
   void LayOut();
-  /// Whether the document has got another page since it was laid out.
-  bool HasOtherPage() const;
+  /// Whether that is necessary, because the document has got another page since, its first table, or lost its last one.
+  bool IsOutdated() const;
 
   /// Of the whole document; places all of it.
   int CountPages() const;
@@ -49,12 +53,18 @@ class PagedText : public QObject {
   QRectF CaretDots(int position) const;
 
   /// Draws the text of a page on a painter whose origin is the sheet's corner and whose unit is a pixel of 1/96 inch.
-  void Paint(QPainter& painter, int page, QAbstractTextDocumentLayout::PaintContext context) const;
+  void Paint(QPainter& painter, int page, PaintContext context) const;
+  /// The same in black on paper: without a line that the eye does not see.
+  void Print(QPainter& painter, int page) const;
 
  protected:
   void timerEvent(QTimerEvent* event) override;
 
  private:
+  bool HasTables() const;
+  void ChooseLayout();
+  void FollowLayout();
+  void OnStrip(QPainter& painter, int page, const std::function<void()>& draw) const;
   bool CrossesPages(const QTextBlock& block) const;
   void FindPageEnds();
   void LoosenPageEnds(int position, int removed, int added);
@@ -64,6 +74,7 @@ class PagedText : public QObject {
   const QFont m_font;
   const bool m_hadDesignMetrics;
   int m_pages = 1;
+  bool m_isOurs = false;   // the layout, which knows more of pages than Qt's and nothing of tables
   QList<int> m_pageEnds;   // where the paragraphs begin that go on over the end of a page
   QList<int> m_loosened;   // and those of them that Qt is being made to look at
   QBasicTimer m_finding;

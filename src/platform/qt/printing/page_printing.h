@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include <QTextCursor>
 #include <QTextDocument>
 
 #include "platform/qt/page_view/paged_text.h"
@@ -12,11 +13,16 @@ namespace snipdeck {
 class PagedCopy {
  public:
   explicit PagedCopy(const QTextDocument& document);
+  /// Without its text: pages of the same size, with the same defaults.
+  static std::unique_ptr<PagedCopy> EmptyLike(const QTextDocument& document);
 
   const PagedText& Text() const { return m_text; }
   const QTextDocument& Document() const { return *m_copy; }
+  QTextCursor End();
 
  private:
+  explicit PagedCopy(std::unique_ptr<QTextDocument> copy);
+
   std::unique_ptr<QTextDocument> m_copy;
   PagedText m_text;
 };

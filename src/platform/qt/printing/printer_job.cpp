@@ -3,6 +3,7 @@
 #include <QPageLayout>
 #include <QPrinter>
 
+#include "platform/qt/printing/cups_answer.h"
 #include "platform/units.h"
 
 namespace snipdeck {
@@ -10,9 +11,13 @@ namespace {
 
 constexpr double kPointsPerTwip = 0.05;
 
-Failure NoPrinting(const QPrinter& printer) {
-  const QString name = printer.outputFileName().isEmpty() ? printer.printerName() : printer.outputFileName();
-  return {Failure::Kind::Other, QObject::tr("%1 did not take the pages.").arg(name)};
+bool PrintsIntoFile(const QPrinter& printer) {
+  return !printer.outputFileName().isEmpty();
+}
+
+Failure NoPrinting(const QPrinter& printer, const QString& reason) {
+  const QString name = PrintsIntoFile(printer) ? printer.outputFileName() : printer.printerName();
+  return {Failure::Kind::Other, QObject::tr("%1 did not take the pages. %2").arg(name, reason).trimmed()};
 }
 
 }  // namespace
@@ -53,8 +58,11 @@ bool PrinterJob::StartPage() {
 
 // Without a page there is nothing to hand over.
 Outcome PrinterJob::Finish() {
-  const bool ended = !m_painter.isActive() || m_painter.end();
-  if (m_hasFailed || !ended || m_printer->printerState() == QPrinter::Error) return NoPrinting(*m_printer);
+  const bool hasPages = m_painter.isActive();
+  const bool ended = !hasPages || m_painter.end();
+  const QString complaint = hasPages && !PrintsIntoFile(*m_printer) ? CupsComplaint() : QString();
+  const bool isTaken = ended && complaint.isEmpty() && m_printer->printerState() != QPrinter::Error;
+  if (m_hasFailed || !isTaken) return NoPrinting(*m_printer, complaint);
   return Done{};
 }
 

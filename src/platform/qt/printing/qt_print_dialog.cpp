@@ -12,14 +12,22 @@ namespace snipdeck {
 namespace {
 
 constexpr int kNoPrinter = 1;
+/// Parts of Qt's dialog about the order and the choice of sheets, which are the program's affair: each copy whole, in the
+/// order of the pages.
+constexpr const char* kNotOffered[] = {"pagesRadioButton", "pagesLineEdit", "pageSetLabel",
+                                       "pageSetCombo",     "collate",       "reverse"};
 
 void Offer(QPrintDialog& dialog, int pages) {
   dialog.setOption(QAbstractPrintDialog::PrintPageRange);
   dialog.setOption(QAbstractPrintDialog::PrintSelection, false);
   dialog.setOption(QAbstractPrintDialog::PrintCurrentPage, false);
+  dialog.setOption(QAbstractPrintDialog::PrintCollateCopies, false);
   dialog.setMinMax(1, pages);
   dialog.setFromTo(1, pages);
   dialog.setPrintRange(QAbstractPrintDialog::AllPages);
+  for (const char* const name : kNotOffered) {
+    if (auto* const part = dialog.findChild<QWidget*>(QLatin1String(name))) part->hide();
+  }
 }
 
 // Qt's dialog raises the last page to the first one where the user asked for none.
