@@ -9,20 +9,6 @@ Failure Malformed(const QString& text) {
   return {Failure::Kind::Malformed, text};
 }
 
-QString PartOfType(const Relationships& relationships, const char* type) {
-  for (const Relationship& relationship : relationships) {
-    if (relationship.type == QLatin1String(type) && !relationship.external) return relationship.target;
-  }
-  return {};
-}
-
-/// A part beside the text; empty where it is missing or cannot be read, since the text counts for more.
-QByteArray OptionalPart(ZipPackage& package, const QString& part) {
-  if (!package.Has(part)) return {};
-  const Result<QByteArray> content = package.Part(part);
-  return content ? content.Value() : QByteArray();
-}
-
 class Reader {
  public:
   Reader(ZipPackage& package, const std::function<bool(double)>& progress)
@@ -48,7 +34,7 @@ class Reader {
 
  private:
   void ReadDefinitions() {
-    const auto part = [&](const char* type) { return OptionalPart(m_package, PartOfType(m_relationships, type)); };
+    const auto part = [&](const char* type) { return m_package.OptionalPart(PartOfType(m_relationships, type)); };
     m_theme.Read(part("theme"));
     m_styles.Read(part("styles"), m_theme);
     m_lists.Read(part("numbering"));
@@ -77,7 +63,7 @@ class Reader {
   // Notes stand behind the text in the order of their marks.
   void ReadNotes(const QString& name, bool endnotes) {
     const QStringList ids = m_notes.Ids(endnotes);
-    const QByteArray part = ids.isEmpty() ? QByteArray() : OptionalPart(m_package, name);
+    const QByteArray part = ids.isEmpty() ? QByteArray() : m_package.OptionalPart(name);
     const Relationships relationships = part.isEmpty() ? Relationships() : m_package.RelationshipsOf(name);
     std::vector<Flow> notes(static_cast<std::size_t>(ids.size()));
     XmlPart xml(part);

@@ -39,6 +39,13 @@ QString FolderOf(const QString& part) {
 
 }  // namespace
 
+QString PartOfType(const Relationships& relationships, const char* type) {
+  for (const Relationship& relationship : relationships) {
+    if (relationship.type == QLatin1String(type) && !relationship.external) return relationship.target;
+  }
+  return {};
+}
+
 void ZipPackage::Close::operator()(zip* archive) const {
   zip_discard(archive);
 }
@@ -89,14 +96,17 @@ Result<QByteArray> ZipPackage::Part(const QString& part) {
   return content;
 }
 
+QByteArray ZipPackage::OptionalPart(const QString& part) {
+  const Result<QByteArray> content = Has(part) ? Part(part) : Result<QByteArray>(QByteArray());
+  return content ? content.Value() : QByteArray();
+}
+
 Relationships ZipPackage::RelationshipsOf(const QString& part) {
   const QString folder = FolderOf(part);
   const QString name = folder + QLatin1String("_rels/") + part.mid(folder.size()) + QLatin1String(".rels");
   Relationships relationships;
-  if (!Has(name)) return relationships;
-  const Result<QByteArray> content = Part(name);
-  if (!content) return relationships;
-  XmlPart xml(content.Value());
+  const QByteArray content = OptionalPart(name);
+  XmlPart xml(content);
   if (!xml.EnterRoot()) return relationships;
   while (xml.readNextStartElement()) {
     Relationship relationship;

@@ -20,6 +20,9 @@ struct Relationship {
 };
 using Relationships = QHash<QString, Relationship>;
 
+/// The first part of the package that has this type; empty where there is none.
+QString PartOfType(const Relationships& relationships, const char* type);
+
 /// The parts of an Office Open XML file, read from memory; nothing is ever unpacked to the disk. How much is unpacked is
 /// bounded, whatever sizes the file announces.
 class ZipPackage {
@@ -31,6 +34,8 @@ class ZipPackage {
   bool Has(const QString& part) const;
   /// The contents of a part; Malformed when it is missing or damaged, TooLarge when it unpacks to more than is sensible.
   Result<QByteArray> Part(const QString& part);
+  /// The contents of a part beside the document itself: empty where it is missing or cannot be read.
+  QByteArray OptionalPart(const QString& part);
   /// The relationships of a part; none when it has none. "" is the package itself.
   Relationships RelationshipsOf(const QString& part);
   /// The part that holds the document itself; `usual` where the package does not say.

@@ -134,13 +134,6 @@ void AddSheet(Flow& flow, const XlsxSheet& sheet) {
   flow.EndParagraph(kText, kPlain);
 }
 
-QString PartOf(const Relationships& relationships, const char* type) {
-  for (const Relationship& relationship : relationships) {
-    if (relationship.type == QLatin1String(type) && !relationship.external) return relationship.target;
-  }
-  return {};
-}
-
 }  // namespace
 
 Result<FlowText> ReadXlsx(const QByteArray& bytes, QStringList& warnings,
@@ -152,11 +145,7 @@ Result<FlowText> ReadXlsx(const QByteArray& bytes, QStringList& warnings,
   const Result<QByteArray> part = package.Part(main);
   if (!part) return part.Error();
   const Relationships relationships = package.RelationshipsOf(main);
-  const auto optional = [&](const char* type) {
-    const QString name = PartOf(relationships, type);
-    const Result<QByteArray> content = package.Has(name) ? package.Part(name) : Result<QByteArray>(QByteArray());
-    return content ? content.Value() : QByteArray();
-  };
+  const auto optional = [&](const char* type) { return package.OptionalPart(PartOfType(relationships, type)); };
   XlsxWorkbook workbook;
   workbook.ReadWorkbook(part.Value());
   if (workbook.Sheets().empty())
