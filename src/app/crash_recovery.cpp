@@ -1,6 +1,7 @@
 #include "app/crash_recovery.h"
 
 #include <algorithm>
+#include <span>
 #include <utility>
 
 #include "app/recovery_replay.h"
@@ -19,17 +20,18 @@ CrashRecovery::CrashRecovery(BoxSet& boxes, const Clipboard& clipboard, const QS
   m_timer.setSingleShot(true);
   connect(&m_timer, &QTimer::timeout, this, [this] {
     const bool hasMore = FlushPart();
-    if (hasMore) m_timer.start(kPartDelay);
-    else if (IsWaiting()) m_timer.start(kFlushDelay);
+    if (hasMore)
+      m_timer.start(kPartDelay);
+    else if (IsWaiting())
+      m_timer.start(kFlushDelay);
   });
 }
 
 bool CrashRecovery::Recover() {
   const QList<RecoveryRecord> records = m_file.TakeOver();
   ReplayRecords(records, m_boxes);
-  const auto last = std::find_if(records.rbegin(), records.rend(), [](const RecoveryRecord& record) {
-    return record.kind == RecoveryRecord::Kind::Capture;
-  });
+  const auto last =
+      std::find_if(records.rbegin(), records.rend(), [](const RecoveryRecord& record) { return record.IsCopy(); });
   if (last != records.rend()) m_lastCopyBefore = *last;
   return !records.isEmpty();
 }
@@ -48,14 +50,18 @@ void CrashRecovery::WhileCapturing(const std::function<void()>& process) {
   if (lastCopyBefore) {
     RecoveryRecord present = PresentCopy();
     present.target = lastCopyBefore->target;
+    present.kind = lastCopyBefore->kind;
     if (present == *lastCopyBefore) return;
   }
-  Flush();
   const std::int16_t before = m_boxes.CurrentBox;
-  SetPaused(true);
+  // A long edit of the cumulative text takes a while to write down: then the copy's text becomes a part of it.
+  FlushPart();
+  const bool joinsEdit = !m_texts.empty() && m_texts.back()->HasEdit();
+  const std::span changed(m_texts.data(), m_texts.size() - (joinsEdit ? 1 : 0));
+  for (TrackedText* text : changed) text->SetPaused(true);
   process();
-  SetPaused(false);
-  if (m_boxes.CurrentBox != before) KeepCopy();
+  for (TrackedText* text : changed) text->SetPaused(false);
+  if (m_boxes.CurrentBox != before) KeepCopy(joinsEdit);
 }
 
 RecoveryRecord CrashRecovery::PresentCopy() const {
@@ -72,16 +78,16 @@ RecoveryRecord CrashRecovery::PresentCopy() const {
   return record;
 }
 
-void CrashRecovery::KeepCopy() {
-  if (m_file.Append(PresentCopy())) return;
+void CrashRecovery::KeepCopy(bool joinsEdit) {
+  TrackedText* const box = m_texts.empty() ? nullptr : m_texts[static_cast<size_t>(m_boxes.CurrentBox - 1)];
+  if (box) box->DropEdit();
+  RecoveryRecord copy = PresentCopy();
+  if (joinsEdit) copy.kind = RecoveryRecord::Kind::Filing;
+  if (m_file.Append(copy) || !box) return;
   // There was no room. The texts are tried again as a whole, since only these are complete without this copy.
-  m_texts[static_cast<size_t>(m_boxes.CurrentBox - 1)]->MarkWhole();
+  box->MarkWhole();
   m_texts.back()->MarkWhole();
   FlushSoon();
-}
-
-void CrashRecovery::SetPaused(bool paused) {
-  for (TrackedText* text : m_texts) text->SetPaused(paused);
 }
 
 void CrashRecovery::FlushSoon() {

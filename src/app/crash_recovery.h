@@ -38,8 +38,8 @@ class CrashRecovery : public QObject {
 
  private:
   RecoveryRecord PresentCopy() const;
-  void KeepCopy();
-  void SetPaused(bool paused);
+  /// The copy's text in the cumulative text is written down with an edit of that, or else with the copy itself.
+  void KeepCopy(bool joinsEdit);
   void FlushSoon();
   /// Writes some of the edits down; true where there are more.
   bool FlushPart();

@@ -126,9 +126,10 @@ std::vector<bool> RecoveryFile::LiveEntries() const {
   for (size_t i = m_entries.size(); i-- > 0;) {
     const Entry& entry = m_entries[i];
     live[i] = !outdated[entry.target];
-    if (entry.kind == RecoveryRecord::Kind::Capture) {
+    const bool appends = entry.kind == RecoveryRecord::Kind::Capture;
+    if (appends || entry.kind == RecoveryRecord::Kind::Filing) {
       // The last one tells where the ring stands.
-      live[i] = live[i] || !outdated[RecoveryRecord::kCumulative] || !lastCaptureSeen;
+      live[i] = live[i] || (appends && !outdated[RecoveryRecord::kCumulative]) || !lastCaptureSeen;
       lastCaptureSeen = true;
     }
     if (entry.kind != RecoveryRecord::Kind::Splice) outdated[entry.target] = true;

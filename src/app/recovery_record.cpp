@@ -32,10 +32,10 @@ QByteArray Fields(const RecoveryRecord& record) {
 }
 
 bool IsSound(const RecoveryRecord& record) {
-  return record.kind <= RecoveryRecord::Kind::Splice && record.encoding <= RecoveryRecord::Encoding::Html &&
+  return record.kind <= RecoveryRecord::Kind::Filing && record.encoding <= RecoveryRecord::Encoding::Html &&
          record.target >= 1 && record.target <= RecoveryRecord::kCumulative && record.begin >= 0 &&
          record.removed >= 0 &&
-         (record.kind != RecoveryRecord::Kind::Capture || record.target < RecoveryRecord::kCumulative);
+         (!record.IsCopy() || record.target < RecoveryRecord::kCumulative);
 }
 
 }  // namespace

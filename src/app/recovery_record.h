@@ -13,6 +13,7 @@ struct RecoveryRecord {
     Capture,  ///< A copy was filed into a box and appended to the cumulative text.
     Whole,    ///< The user has changed a text: all of it, as RTF.
     Splice,   ///< The user has changed a part of a long text: what stands there now, as RTF.
+    Filing,   ///< A copy was filed into a box; splices bring what it appended to the cumulative text.
   };
   enum class Encoding : std::uint8_t { Text, Rtf, Html };
 
@@ -27,6 +28,7 @@ struct RecoveryRecord {
   std::int32_t removed = 0;
   QByteArray content;
 
+  bool IsCopy() const { return kind == Kind::Capture || kind == Kind::Filing; }
   bool operator==(const RecoveryRecord&) const = default;
 };
 

@@ -76,13 +76,13 @@ class Player {
     PerTarget overwritten{};
     for (qsizetype i = m_records.size(); i-- > 0;) {
       const RecoveryRecord& record = m_records[i];
-      const bool isCopy = record.kind == RecoveryRecord::Kind::Capture;
+      const bool appends = record.kind == RecoveryRecord::Kind::Capture;
       const bool isSplice = record.kind == RecoveryRecord::Kind::Splice;
       m_inBox[i] = !overwritten[record.target];
-      m_inCumulative[i] = isCopy && !overwritten[RecoveryRecord::kCumulative];
+      m_inCumulative[i] = appends && !overwritten[RecoveryRecord::kCumulative];
       m_isSpliced[record.target] |= isSplice && m_inBox[i];
       overwritten[record.target] |= !isSplice;
-      if (isCopy && !m_latest) m_latest = &record;
+      if (record.IsCopy() && !m_latest) m_latest = &record;
     }
   }
 
@@ -121,7 +121,7 @@ class Player {
   void FillBox(const RecoveryRecord& record) {
     RichText& text = m_boxes.CapturedRtf[record.target];
     const RecordedClipboard clipboard(record);
-    text = record.kind == RecoveryRecord::Kind::Capture ? StagedFrom(clipboard)
+    text = record.IsCopy() ? StagedFrom(clipboard)
            : record.content.isEmpty()                   ? RichText()
                                                         : RichText::FromRtf(record.content);
     if (!m_isSpliced[record.target]) return;

@@ -49,7 +49,11 @@ TrackedText::TrackedText(RichTextControl& control, std::uint8_t target, std::fun
 
 void TrackedText::SetPaused(bool paused) {
   m_paused = paused;
-  m_fillsUnnoted = m_control.IsFilling();
+  const bool isFilling = m_control.IsFilling();
+  if (paused)
+    m_fillsNoted = isFilling && !m_fillsUnnoted;
+  else
+    m_fillsUnnoted = isFilling && !m_fillsNoted;
 }
 
 void TrackedText::Note(int position, int removed, int added) {
@@ -62,6 +66,11 @@ void TrackedText::Note(int position, int removed, int added) {
 void TrackedText::MarkWhole() {
   m_needsWhole = true;
   m_edited.Add(0, 0, 0);
+}
+
+void TrackedText::DropEdit() {
+  m_edited.Clear();
+  m_needsWhole = false;
 }
 
 std::optional<RecoveryRecord> TrackedText::TakeEdit() {
@@ -81,8 +90,7 @@ std::optional<RecoveryRecord> TrackedText::Take(int mostCharacters) {
   const bool isShort = m_control.document()->characterCount() <= kShortText;
   auto record = isShort || m_needsWhole ? std::optional<RecoveryRecord>() : Splice(mostCharacters);
   if (record) return record;
-  m_edited.Clear();
-  m_needsWhole = false;
+  DropEdit();
   return Whole();
 }
 

@@ -19,16 +19,18 @@ class TrackedText : public QObject {
   /// `target` is the text's number in recovery records; `onEdit` runs after each edit that is noted.
   TrackedText(RichTextControl& control, std::uint8_t target, std::function<void()> onEdit, QObject* parent);
 
-  /// While true, changes are not noted: whoever makes them writes them down himself. Nor is what belongs to such a change
-  /// and is still being filled in afterwards.
+  /// While true, changes are not noted: whoever makes them writes them down himself. Nor is what belongs to such a
+  /// change and is still being filled in afterwards.
   void SetPaused(bool paused);
   /// Notes the text as changed from beginning to end.
   void MarkWhole();
   /// What was changed since the last call; nothing where nothing was, or while the text is still being filled in.
   std::optional<RecoveryRecord> TakeEdit();
-  /// As TakeEdit, but of a long edit only the first part, which takes a few milliseconds; each record is one step on the
-  /// way to the present text. Not to be followed by captures before all parts are taken.
+  /// As TakeEdit, but of a long edit only the first part, which takes a few milliseconds; each record is one step on
+  /// the way to the present text.
   std::optional<RecoveryRecord> TakePart();
+  /// All of the text has been replaced since, and that is written down elsewhere.
+  void DropEdit();
   bool HasEdit() const { return !m_edited.IsEmpty(); }
   /// Fills in what is missing of a text that was changed, so that its edit can be taken.
   void Complete() const;
@@ -45,6 +47,7 @@ class TrackedText : public QObject {
   EditedRange m_edited;
   bool m_needsWhole = false;
   bool m_paused = false;
+  bool m_fillsNoted = false;    ///< What is being filled in was begun before this was paused.
   bool m_fillsUnnoted = false;  ///< What is being filled in was begun while this was paused.
 };
 
