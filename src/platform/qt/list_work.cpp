@@ -19,7 +19,7 @@ void LeaveList(const QTextBlock& block) {
     format.setObjectIndex(-1);
     format.setIndent(0);
   }
-  for (const int property : {kListId, kListLevel, kListStart, kListLabel}) format.clearProperty(property);
+  for (const int property : {int(kListLabel), int(QTextFormat::ListStyle)}) format.clearProperty(property);
   cursor.setBlockFormat(format);
 }
 
@@ -58,3 +58,15 @@ void SetList(QTextCursor cursor, const ListTraits& traits) {
 }
 
 }  // namespace snipdeck
+void CountNewItem(QTextCursor cursor) {
+  const QTextBlock block = cursor.block();
+  QTextBlockFormat format = block.blockFormat();
+  const bool isNumber = block.textList() && IsNumbered(block.textList()->format().style());
+  const bool isCopy = block.previous().blockFormat().stringProperty(kListLabel) == format.stringProperty(kListLabel);
+  if (!isNumber || !isCopy || !format.hasProperty(kListLabel)) return;
+  format.clearProperty(kListLabel);
+  cursor.joinPreviousEditBlock();
+  cursor.setBlockFormat(format);
+  cursor.endEditBlock();
+}
+

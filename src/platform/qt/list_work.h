@@ -21,3 +21,6 @@ ListTraits ListAt(const QTextCursor& cursor);
 void SetList(QTextCursor cursor, const ListTraits& traits);
 
 }  // namespace snipdeck
+/// The caret's paragraph, which was split off just now, does not keep a number that was written for the one before it.
+void CountNewItem(QTextCursor cursor);
+

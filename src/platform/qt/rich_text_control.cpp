@@ -10,6 +10,7 @@
 #include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QImage>
+#include <QPainter>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextDocument>
@@ -24,6 +25,7 @@
 #include "platform/qt/layout/gradual_fill.h"
 #include "platform/qt/layout/long_text_view.h"
 #include "platform/qt/layout_pause.h"
+#include "platform/qt/list_work.h"
 #include "platform/qt/page_view/page_view.h"
 #include "platform/qt/printing/page_printing.h"
 #include "platform/qt/rich_text_mime.h"
@@ -34,6 +36,7 @@
 #include "richtext/clipboard_text.h"
 #include "richtext/flow_text.h"
 #include "richtext/format_properties.h"
+#include "richtext/paragraph_marks.h"
 
 namespace snipdeck {
 namespace {
@@ -365,6 +368,7 @@ void RichTextControl::keyPressEvent(QKeyEvent* event) {
     event->accept();
   } else {
     QTextEdit::keyPressEvent(event);
+    if (event->matches(QKeySequence::InsertParagraphSeparator)) CountNewItem(QTextEdit::textCursor());
   }
   // Keys that come with a character tell of themselves.
   if (event->text().isEmpty() && QTextEdit::document()->revision() != before) emit Edited();
@@ -478,6 +482,16 @@ void RichTextControl::focusInEvent(QFocusEvent* event) {
 void RichTextControl::mousePressEvent(QMouseEvent* event) {
   QTextEdit::mousePressEvent(event);
   emit Activity();
+}
+
+// Long texts and pages paint everything themselves.
+void RichTextControl::paintEvent(QPaintEvent* event) {
+  QTextEdit::paintEvent(event);
+  if (m_longText->IsLong() || m_pageView) return;
+  QPainter painter(viewport());
+  const QPointF scrolled(horizontalScrollBar()->value(), verticalScrollBar()->value());
+  painter.translate(-scrolled);
+  PaintMarks(painter, *QTextEdit::document(), QRectF(event->rect()).translated(scrolled), palette());
 }
 
 // Text that is dragged away leaves while the mouse still moves.

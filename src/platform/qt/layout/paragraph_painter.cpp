@@ -7,6 +7,9 @@
 #include <QTextLayout>
 #include <QTextList>
 
+#include "richtext/list_labels.h"
+#include "richtext/paragraph_marks.h"
+
 namespace snipdeck {
 
 namespace {
@@ -41,60 +44,37 @@ QList<QTextLayout::FormatRange> SelectionsIn(const QTextBlock& block, const Pain
   return ranges;
 }
 
-int MarkerStyle(const QTextBlock& block, const QTextList& list) {
-  const QTextBlockFormat format = block.blockFormat();
-  return format.hasProperty(QTextFormat::ListStyle) ? format.intProperty(QTextFormat::ListStyle)
-                                                    : list.format().style();
-}
-
-bool IsBullet(int style) {
-  return style == QTextListFormat::ListDisc || style == QTextListFormat::ListCircle ||
-         style == QTextListFormat::ListSquare;
-}
-
-void PaintBullet(QPainter& painter, int style, const QRectF& place, const QBrush& ink) {
+void PaintBullet(QPainter& painter, const QTextBlock& block, QTextListFormat::Style style, const QBrush& ink) {
+  const QAbstractTextDocumentLayout& whole = *block.document()->documentLayout();
+  QFont font = QTextCursor(block).charFormat().font().resolve(block.document()->defaultFont());
+  if (whole.paintDevice()) font = QFont(font, whole.paintDevice());
+  const QFontMetrics metrics(font);
+  // On whole pixels, as Qt's layout puts it.
+  const QRectF text = block.layout()->lineAt(0).naturalTextRect();
+  const QPoint start = block.layout()->position().toPoint() + text.topLeft().toPoint();
+  const int size = metrics.lineSpacing() / 3;
+  const int blank = metrics.horizontalAdvance(u' ');
+  const double left =
+      block.textDirection() == Qt::LeftToRight ? start.x() - blank - size : start.x() + text.width() + blank;
+  const QRectF place(left, start.y() + metrics.height() / 2 - size / 2.0, size, size);
+  painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(style == QTextListFormat::ListCircle ? QPen(ink, 0) : QPen(Qt::NoPen));
   painter.setBrush(style == QTextListFormat::ListCircle ? QBrush(Qt::NoBrush) : ink);
   if (style == QTextListFormat::ListSquare) painter.fillRect(place, ink);
   if (style == QTextListFormat::ListDisc) painter.drawEllipse(place);
   if (style == QTextListFormat::ListCircle) painter.drawEllipse(place.translated(0.5, 0.5));
+  painter.restore();
 }
 
-/// Beside the first line, a blank's width away from its text.
+/// Of the markers, those that Qt's layout draws.
 void PaintMarker(QPainter& painter, const QTextBlock& block, const PaintContext& context) {
   const QTextList* const list = block.textList();
-  if (!list || block.layout()->lineCount() == 0) return;
-  const int style = MarkerStyle(block, *list);
-  if (style == QTextListFormat::ListStyleUndefined) return;
-
-  const QAbstractTextDocumentLayout& whole = *block.document()->documentLayout();
-  const QTextCharFormat format = QTextCursor(block).charFormat();
-  QFont font = format.font().resolve(block.document()->defaultFont());
-  if (whole.paintDevice()) font = QFont(font, whole.paintDevice());
-  const QFontMetrics metrics(font);
-  const QString label = IsBullet(style) ? QString() : list->itemText(block);
-  const int bullet = metrics.lineSpacing() / 3;
-  const int width = IsBullet(style) ? bullet : metrics.horizontalAdvance(label);
-
-  // On whole pixels, as Qt's layout puts it.
-  const QTextLine line = block.layout()->lineAt(0);
-  const QRectF text = line.naturalTextRect();
-  const QPoint start = block.layout()->position().toPoint() + text.topLeft().toPoint();
-  const int blank = metrics.horizontalAdvance(u' ');
-  const double left =
-      block.textDirection() == Qt::LeftToRight ? start.x() - blank - width : start.x() + text.width() + blank;
-  painter.save();
-  if (IsBullet(style)) {
-    const double top = start.y() + metrics.height() / 2 - bullet / 2.0;
-    PaintBullet(painter, style, QRectF(left, top, bullet, bullet), context.palette.text());
-  } else {
-    const QBrush ink = format.foreground();
-    painter.setFont(font);
-    painter.setPen(QPen(ink.style() == Qt::NoBrush ? context.palette.text() : ink, 0));
-    painter.drawText(QPointF(left, start.y() + line.ascent()), label);
-  }
-  painter.restore();
+  if (!list || block.layout()->lineCount() == 0 || IsLabelTakenFromQt(block)) return;
+  const QTextListFormat format = list->format();
+  if (format.style() == QTextListFormat::ListStyleUndefined) return;
+  if (IsBullet(format)) return PaintBullet(painter, block, format.style(), context.palette.text());
+  PaintLabel(painter, block, block.layout()->position(), list->itemText(block), context.palette);
 }
 
 void PaintRule(QPainter& painter, const QTextBlock& block, const PaintContext& context, const QRectF& place) {
@@ -124,6 +104,7 @@ void PaintParagraph(QPainter& painter, const QTextBlock& block, const PaintConte
   const QBrush ground = block.blockFormat().background();
   if (ground.style() != Qt::NoBrush) painter.fillRect(place, ground);
   PaintMarker(painter, block, context);
+  PaintMarks(painter, block, layout.position(), context.palette);
   const QPen pen = painter.pen();
   painter.setPen(context.palette.color(QPalette::Text));
   layout.draw(&painter, QPointF(), SelectionsIn(block, context), context.clip);
