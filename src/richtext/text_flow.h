@@ -69,9 +69,9 @@ struct RowLayout {
   int gap = 0;  ///< Half the space between the texts of two cells.
   Qt::Alignment alignment = Qt::AlignLeft;
   bool header = false;
+  int height = 0;  ///< The least height; negative: just that; 0: as its text needs.
   std::vector<CellLayout> cells;
 };
-  int height = 0;  ///< The least height; negative: just that; 0: as its text needs.
 
 struct RowFlow {
   std::shared_ptr<const RowLayout> layout;
