@@ -11,6 +11,7 @@
 #include "richtext/document_walker.h"
 #include "richtext/format_properties.h"
 #include "richtext/list_labels.h"
+#include "richtext/paragraph_borders.h"
 
 namespace snipdeck::test {
 namespace {
@@ -37,6 +38,18 @@ class Facts {
  private:
   QString m_text;
 };
+
+/// The lines around a paragraph, whichever words say so: the formats have different ones for four equal lines.
+QString Lines(const ParagraphBorders& borders) {
+  QString text;
+  for (std::size_t side = 0; side < borders.size(); ++side) {
+    const BorderLine& line = borders[side];
+    if (line.width == 0) continue;
+    text += QStringLiteral("%1:%2/%3/%4/").arg(side).arg(int(line.style)).arg(line.width).arg(line.space);
+    text += line.colour.isValid() ? line.colour.name() + u' ' : QStringLiteral("- ");
+  }
+  return text.trimmed();
+}
 
 QString Characters(const QTextCharFormat& format, const QFont& defaults) {
   Facts facts;
@@ -119,7 +132,7 @@ QString Paragraph(const QTextBlock& block, double indentWidth) {
   facts.Add("keepnext", format.boolProperty(kKeepWithNext));
   facts.Add("righttoleft", format.layoutDirection() == Qt::RightToLeft);
   facts.Add("background", ColourOf(format.background()));
-  facts.Add("border", format.stringProperty(kParagraphBorder).trimmed());
+  facts.Add("border", Lines(BordersOf(format)));
   facts.Add("style", format.stringProperty(kParaStyleName));
   facts.Add("heading", format.headingLevel());
   ListFacts(facts, block);

@@ -59,7 +59,13 @@ void FillSample(QTextDocument& document, const PageGeometry& page = {}) {
   link.setAnchor(true);
   link.setAnchorHref(QStringLiteral("https://example.org/"));
   cursor.insertText(QStringLiteral("a link"), link);
-  QTextTable* const table = cursor.insertTable(2, 2);
+  QTextCharFormat hidden;
+  hidden.setProperty(kHiddenText, true);
+  cursor.insertText(QStringLiteral("unseen"), hidden);
+  // Wider than the sheet.
+  QTextTableFormat wide;
+  wide.setColumnWidthConstraints(QList<QTextLength>(2, QTextLength(QTextLength::FixedLength, 700)));
+  QTextTable* const table = cursor.insertTable(2, 2, wide);
   for (int i = 0; i < 4; ++i)
     table->cellAt(i / 2, i % 2).firstCursorPosition().insertText(QStringLiteral("cell%1").arg(i));
   cursor.setPosition(table->lastPosition() + 1);

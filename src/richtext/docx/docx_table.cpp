@@ -28,7 +28,7 @@ std::unique_ptr<TableFlow> DocxTable::Read(XmlPart& xml) {
   m_body.m_tableRun = outerRun;
   m_body.m_tableParagraph = outerParagraph;
   auto table = std::make_unique<TableFlow>();
-  std::shared_ptr<const RowLayout> last;
+  m_hasWholeGrid = HasWholeGrid();
   for (std::size_t i = 0; i < m_rows.size(); ++i) table->rows.push_back(Finished(m_rows[i], i));
   return table->rows.empty() ? nullptr : std::move(table);
 }
@@ -155,23 +155,29 @@ RowFlow DocxTable::Finished(Row& row, std::size_t index) const {
   return flow;
 }
 
-/// Edges come from the grid as far as it goes, then from the cells' own widths.
+/// The grid holds where it has a column for each cell; some programs write one that has not.
+bool DocxTable::HasWholeGrid() const {
+  return std::all_of(m_rows.begin(), m_rows.end(), [this](const Row& row) {
+    std::size_t columns = static_cast<std::size_t>(row.skippedBefore);
+    for (const Cell& cell : row.cells) columns += static_cast<std::size_t>(cell.span);
+    return columns <= m_grid.size();
+  });
+}
+
+/// Edges come from the grid, or else from the cells' own widths.
 void DocxTable::PlaceCells(Row& row, RowLayout& layout) const {
   std::size_t column = 0;
   int edge = layout.left;
   const auto advance = [&](int span, int width) {
     for (int i = 0; i < span; ++i, ++column) {
-      if (column < m_grid.size()) {
-        edge += m_grid[column];
-      } else {
-        edge += std::max(width / span, kNarrowest);
-      }
+      const bool isInGrid = column < m_grid.size() && (m_hasWholeGrid || width == 0);
+      edge += isInGrid ? m_grid[column] : width > 0 ? std::max(width / span, kNarrowest) : kUnsaidWidth;
     }
   };
-  advance(row.skippedBefore, row.skippedBefore * kUnsaidWidth);
+  advance(row.skippedBefore, 0);
   layout.left = edge;
   for (Cell& cell : row.cells) {
-    advance(cell.span, cell.width > 0 ? cell.width : cell.span * kUnsaidWidth);
+    advance(cell.span, cell.width);
     cell.layout.right = edge;
   }
 }

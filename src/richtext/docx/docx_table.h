@@ -42,12 +42,14 @@ class DocxTable {
   void ReadCell(XmlPart& xml, Row& row);
   void ReadCellProperties(XmlPart& xml, Cell& cell);
   RowFlow Finished(Row& row, std::size_t index) const;
+  bool HasWholeGrid() const;
   void PlaceCells(Row& row, RowLayout& layout) const;
   void SetBorders(Cell& cell, std::size_t row, std::size_t column, std::size_t columns) const;
 
   DocxBody& m_body;
   DocxTableFormat m_format;
   std::vector<int> m_grid;  ///< Widths of the columns in twips.
+  bool m_hasWholeGrid = true;
   std::vector<Row> m_rows;
 };
 

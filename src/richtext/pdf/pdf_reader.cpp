@@ -82,7 +82,7 @@ Result<FlowText> ReadPdf(const QByteArray& bytes, QStringList& warnings, const s
   const int pages = std::min(pdf.pageCount(), kMostPages);
   for (int page = 0; page < pages && flow.Size() < kMostCharacters; ++page) {
     if (progress && !progress(static_cast<double>(page) / pages))
-      return Failure{Failure::Kind::Refused, QStringLiteral("Cancelled.")};
+      return Failure{Failure::Kind::Refused, QString()};
     flow.AddPage(CleanText(pdf.getAllText(page).text()), page == 0);
   }
   if (flow.Size() == 0) warnings.append(QStringLiteral("no text in the file, perhaps pictures of text"));

@@ -12,6 +12,8 @@
 #include "platform/units.h"
 #include "richtext/document_copier.h"
 #include "richtext/document_page.h"
+#include "richtext/format_properties.h"
+#include "richtext/page_drawing.h"
 #include "richtext/safe_document.h"
 
 namespace snipdeck {
@@ -46,7 +48,23 @@ void JoinRightToLeft(QTextDocument& document) {
   }
 }
 
-/// A copy of the text, laid out in pages. Qt itself makes links of what is drawn with an address.
+void RemoveHidden(QTextDocument& document) {
+  QTextCursor cursor(&document);
+  for (QTextBlock block = document.lastBlock(); block.isValid(); block = block.previous()) {
+    QList<QPair<int, int>> hidden;
+    for (auto it = block.begin(); !it.atEnd(); ++it) {
+      const QTextFragment fragment = it.fragment();
+      if (fragment.charFormat().boolProperty(kHiddenText)) hidden.prepend({fragment.position(), fragment.length()});
+    }
+    for (const auto& [position, length] : std::as_const(hidden)) {
+      cursor.setPosition(position);
+      cursor.setPosition(position + length, QTextCursor::KeepAnchor);
+      cursor.removeSelectedText();
+    }
+  }
+}
+
+/// A copy of the text, laid out in pages. Tables that would go over the edge of the sheet make all of it smaller. Qt itself makes links of what is drawn with an address.
 class Paged {
  public:
   Paged(const QTextDocument& source, QPdfWriter& writer) : m_page(PageOf(source)) {
@@ -56,23 +74,28 @@ class Paged {
     m_document.setDocumentMargin(0);
     QTextCursor cursor(&m_document);
     CopyText(source, 0, EndOf(source), cursor);
+    RemoveHidden(m_document);
     JoinRightToLeft(m_document);
     m_document.documentLayout()->setPaintDevice(&writer);
-    m_document.setPageSize({Dots(m_page.width - m_page.left - m_page.right), PageHeight()});
+    m_document.setPageSize(TextSize());
+    FitWidth();
   }
 
   int Count() const { return std::max(m_document.pageCount(), 1); }
 
-  void Paint(QPainter& painter, int page) const {
-    const QRectF shown(0, page * PageHeight(), m_document.pageSize().width(), PageHeight());
+  void Paint(QPainter& painter, int page) {
+    const QSizeF size = m_document.pageSize();
     QAbstractTextDocumentLayout::PaintContext context;
     context.palette.setColor(QPalette::Text, Qt::black);
     // What hangs out into a margin shows there.
-    context.clip = shown.adjusted(-Dots(m_page.left), 0, Dots(m_page.right), 0);
+    context.clip = QRectF(QPointF(0, page * size.height()), size)
+                       .adjusted(-Dots(m_page.left) / m_scale, 0, Dots(m_page.right) / m_scale, 0);
     painter.save();
-    painter.translate(Dots(m_page.left), Dots(m_page.top) - shown.top());
+    painter.translate(Dots(m_page.left), Dots(m_page.top));
+    painter.scale(m_scale, m_scale);
+    painter.translate(0, -context.clip.top());
     painter.setClipRect(context.clip);
-    m_document.documentLayout()->draw(&painter, context);
+    DrawPage(m_document, painter, context, true);
     painter.restore();
   }
 
@@ -86,10 +109,21 @@ class Paged {
     return font;
   }
 
-  double PageHeight() const { return Dots(m_page.height - m_page.top - m_page.bottom); }
+  QSizeF TextSize() const {
+    return {Dots(m_page.width - m_page.left - m_page.right), Dots(m_page.height - m_page.top - m_page.bottom)};
+  }
+
+  void FitWidth() {
+    constexpr double kSmallest = 0.2;
+    const double widest = m_document.size().width();
+    if (widest <= TextSize().width() + Dots(m_page.right)) return;
+    m_scale = std::max(TextSize().width() / widest, kSmallest);
+    m_document.setPageSize(TextSize() / m_scale);
+  }
 
   SafeDocument m_document;
   const PageGeometry m_page;
+  double m_scale = 1;
 };
 
 }  // namespace
@@ -102,7 +136,7 @@ Result<QByteArray> WritePdf(const QTextDocument& document, const std::function<b
   writer.setResolution(kDotsPerInch);
   writer.setPageSize(QPageSize(QSizeF(page.width, page.height) / 20.0, QPageSize::Point, QString(), QPageSize::ExactMatch));
   writer.setPageMargins(QMarginsF(0, 0, 0, 0));
-  const Paged paged(document, writer);
+  Paged paged(document, writer);
   QPainter painter(&writer);
   const int count = paged.Count();
   for (int i = 0; i < count; ++i) {
