@@ -33,6 +33,15 @@ class EditedRange {
     m_oldEnd += more;
   }
 
+  /// Leaves out what lies behind `last`: the end of the last paragraph, which is always there. False where the part did
+  /// not reach so far before.
+  bool EndAt(int last) {
+    const int less = std::max(m_end - last, 0);
+    m_end -= less;
+    m_oldEnd -= less;
+    return m_oldEnd >= m_begin && m_end >= m_begin;
+  }
+
   /// The part up to `end` of the present text has been written down.
   void DropUntil(int end) {
     if (end >= m_end) return Clear();

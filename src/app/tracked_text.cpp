@@ -37,7 +37,7 @@ int LastOf(const QTextBlock& block) {
 
 /// The writer walks to its range from the start of the document; a copy goes there at once, but a long one costs more.
 QByteArray RtfOf(const QTextDocument& document, int begin, int end) {
-  return end - begin > kShortText ? WriteRtf(document, begin, end) : RichText::FromDocument(document, begin, end).Rtf();
+  return end - begin > 2 * kShortText ? WriteRtf(document, begin, end) : RichText::FromDocument(document, begin, end).Rtf();
 }
 
 }  // namespace
@@ -108,10 +108,11 @@ std::optional<RecoveryRecord> TrackedText::Splice(int mostCharacters) {
   const int last = document.characterCount() - 1;
   const QTextBlock first = document.findBlock(std::min(m_edited.Begin(), last));
   m_edited.StretchTo(first.position(), LastOf(document.findBlock(std::min(m_edited.End(), last))));
+  if (!m_edited.EndAt(last)) return {};
   const int begin = m_edited.Begin();
   const bool isLong = m_edited.End() - begin > mostCharacters;
   const int end = isLong ? LastOf(document.findBlock(begin + mostCharacters)) : m_edited.End();
-  if (m_edited.End() > last || !IsPlainRun(document, begin, m_edited.End())) return {};
+  if (!IsPlainRun(document, begin, m_edited.End())) return {};
 
   RecoveryRecord record;
   record.kind = RecoveryRecord::Kind::Splice;
