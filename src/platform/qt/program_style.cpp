@@ -10,7 +10,7 @@ namespace snipdeck {
 
 namespace {
 
-constexpr double kFrameShare = 0.45;  // of the text's colour, the rest is the window's
+constexpr double kFrameShare = 0.55;  // of the text's colour, the rest is the window's
 constexpr double kCorner = 2;         // pixels
 
 QColor FrameColour(const QPalette& colours) {

@@ -1,10 +1,15 @@
 #include "platform/qt/menu_style.h"
 
+#include <QCheckBox>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QRadioButton>
 #include <QTest>
 
 #include "platform/menu_colours.h"
+#include "platform/qt/program_style.h"
+#include "platform/readable_colour.h"
 
 namespace snipdeck {
 
@@ -41,6 +46,15 @@ class MenuStyleTest : public QObject {
     int count = 0;
     for (int y = part.top(); y <= part.bottom(); ++y)
       for (int x = part.left(); x <= part.right(); ++x) count += image.pixel(x, y) == colour;
+    return count;
+  }
+
+  /// Pixels that a weak eye can tell from the ground.
+  static int Outstanding(const QImage& image, const QColor& ground) {
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y)
+      for (int x = 0; x < image.width(); ++x)
+        count += (Lightness(image.pixelColor(x, y)) + 0.05) / (Lightness(ground) + 0.05) >= 3;
     return count;
   }
 
@@ -108,6 +122,21 @@ class MenuStyleTest : public QObject {
     const int words =
         metrics.horizontalAdvance(QStringLiteral("Load")) + metrics.horizontalAdvance(QStringLiteral("Ctrl+L"));
     QVERIFY(stage.file->actionGeometry(stage.first).width() >= words + 26 + 6 + 24 + 18);
+  }
+
+  void EmptyFieldsStandOutOnADarkGround() {
+    const QColor ground(42, 46, 50);
+    ProgramStyle style;
+    QCheckBox check;
+    QRadioButton radio;
+    QLineEdit line;
+    for (QWidget* field :
+         {static_cast<QWidget*>(&check), static_cast<QWidget*>(&radio), static_cast<QWidget*>(&line)}) {
+      field->setStyle(&style);
+      field->setPalette(QPalette(QColor(49, 54, 59), ground));
+      field->resize(field->sizeHint());
+      QVERIFY2(Outstanding(field->grab().toImage(), ground) > 20, field->metaObject()->className());
+    }
   }
 };
 
