@@ -51,7 +51,8 @@ class Reader {
   }
   void SetStyle(QTextFrameFormat::BorderStyle style) {
     Set(&BorderLine::style, style);
-    SetWidth(style == QTextFrameFormat::BorderStyle_None ? 0 : kUsualWidth);
+    const int known = m_first < m_last ? m_borders[m_first].width : 0;
+    SetWidth(known > 0 ? known : kUsualWidth);
   }
   void SetWidth(int twips) {
     for (std::size_t side = m_first; side < m_last; ++side) {

@@ -1,5 +1,7 @@
 #include "richtext/paragraph_marks.h"
 
+#include <algorithm>
+
 #include <QAbstractTextDocumentLayout>
 #include <QPainter>
 #include <QTextCursor>
@@ -108,8 +110,11 @@ void PaintBorders(QPainter& painter, const QTextBlock& block, const QPointF& ori
   const double dots = DotsPerTwip(*block.document());
   const ParagraphBorders lines = BordersOf(block.blockFormat());
   const QRectF text = block.layout()->boundingRect().translated(origin);
-  // The lines at the sides meet those above and below.
-  const QRectF outer = text.adjusted(-lines[kBorderLeft].space * dots, 0, lines[kBorderRight].space * dots, 0);
+  const auto reach = [&](BorderSide side) {
+    return lines[side].space * dots + (lines[side].width > 0 ? std::max(lines[side].width * dots, 1.0) : 0);
+  };
+  // The lines above and below reach over those at the sides.
+  const QRectF outer = text.adjusted(-reach(kBorderLeft), 0, reach(kBorderRight), 0);
   const bool goesOn = SharesBorder(block, block.next());
   const bool wentOn = SharesBorder(block, block.previous());
   const QRectF tall = text.adjusted(0, wentOn ? 0 : -lines[kBorderTop].space * dots, 0,

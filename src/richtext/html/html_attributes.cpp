@@ -10,12 +10,6 @@ namespace snipdeck {
 namespace {
 
 constexpr char kListStartMark[] = "start:";
-constexpr int kMaxListStart = 1'000'000;
-constexpr int kMaxColumns = 200;
-constexpr int kMaxRowSpan = 1000;
-// Qt's tables take time for each cell that a span covers; what people make has few large spans.
-constexpr int kSmallSpan = 20;
-constexpr int kMaxSpannedCells = 4000;
 
 /// A link may lead to the web, to mail or to a place in the text, and never into a program.
 bool IsHarmlessLink(const QString& target) {
@@ -34,12 +28,8 @@ QString Size(double points, double& fontSize) {
   return QStringLiteral("font-size:%1pt;").arg(points);
 }
 
-QString ListStartStyle(const QString& start) {
-  bool isNumber = false;
-  const int number = start.trimmed().toInt(&isNumber);
-  return QStringLiteral("-qt-list-number-prefix:'%1%2';")
-      .arg(QLatin1String(kListStartMark))
-      .arg(isNumber ? std::clamp(number, 0, kMaxListStart) : 1);
+QString ListStartStyle(int start) {
+  return QStringLiteral("-qt-list-number-prefix:'%1%2';").arg(QLatin1String(kListStartMark)).arg(start);
 }
 
 QString ImpliedStyle(const HtmlToken& token, double& fontSize) {
@@ -54,7 +44,7 @@ QString ImpliedStyle(const HtmlToken& token, double& fontSize) {
     }
     return FilterDeclarations(css, fontSize);
   }
-  if (name == QLatin1String("ol")) return ListStartStyle(ValueOf(token, "start"));
+  if (name == QLatin1String("ol")) return ListStartStyle(ListStartOf(token));
   if (name == QLatin1String("big")) return Size(fontSize * 1.2, fontSize);
   if (name == QLatin1String("small")) return Size(fontSize / 1.2, fontSize);
   if (name == QLatin1String("mark")) return QStringLiteral("background-color:#ffff00;");
@@ -112,6 +102,12 @@ QString PictureSize(const HtmlToken& token) {
   return size;
 }
 
+int ListStartOf(const HtmlToken& list) {
+  bool isNumber = false;
+  const int start = ValueOf(list, "start").trimmed().toInt(&isNumber);
+  return isNumber ? std::clamp(start, 0, kMaxListStart) : 1;
+}
+
 int ListStartIn(const QString& numberPrefix) {
   const QLatin1String mark(kListStartMark);
   return numberPrefix.startsWith(mark) ? numberPrefix.mid(mark.size()).toInt() : 1;
@@ -122,16 +118,9 @@ QString WithListStart(QString startTag, int start) {
   return startTag.replace(kStart, QLatin1String(kListStartMark) + QString::number(std::clamp(start, 0, kMaxListStart)));
 }
 
-QString HtmlAttributes::Kept(const HtmlToken& token, double& fontSize) {
-  QString css = ImpliedStyle(token, fontSize);
-  css += FilterDeclarations(ValueOf(token, "style").replace(QLatin1String("&quot;"), QLatin1String("'")), fontSize);
-  QString attributes;
-  for (const HtmlAttribute& attribute : token.attributes) attributes += Attribute(token.name, attribute);
-  if (!css.isEmpty()) attributes += QLatin1String(" style=") + Quoted(css);
-  return attributes;
-}
+namespace {
 
-QString HtmlAttributes::Attribute(const QString& element, const HtmlAttribute& attribute) {
+QString KeptAttribute(const QString& element, const HtmlAttribute& attribute) {
   static const QSet<QString> kKept = {"class",       "align", "valign", "bgcolor", "dir",  "border", "cellpadding",
                                       "cellspacing", "width", "height", "type",    "name"};
   if (attribute.value.isEmpty() || attribute.value.size() > 2000 || element == QLatin1String("font")) return {};
@@ -140,17 +129,19 @@ QString HtmlAttributes::Attribute(const QString& element, const HtmlAttribute& a
                ? QLatin1String(" href=") + Quoted(attribute.value)
                : QString();
   }
-  if (attribute.name == QLatin1String("colspan")) return Span(attribute, kMaxColumns);
-  if (attribute.name == QLatin1String("rowspan")) return Span(attribute, kMaxRowSpan);
   if (!kKept.contains(attribute.name) || !IsSensibleNumber(attribute)) return {};
   return u' ' + attribute.name + u'=' + Quoted(attribute.value);
 }
 
-QString HtmlAttributes::Span(const HtmlAttribute& attribute, int limit) {
-  const int span = std::clamp(attribute.value.trimmed().toInt(), 1, limit);
-  m_spannedCells += span <= kSmallSpan ? 1 : span;
-  if (span == 1 || m_spannedCells > kMaxSpannedCells) return {};
-  return QStringLiteral(" %1=\"%2\"").arg(attribute.name).arg(span);
+}  // namespace
+
+QString KeptAttributes(const HtmlToken& token, double& fontSize) {
+  QString css = ImpliedStyle(token, fontSize);
+  css += FilterDeclarations(ValueOf(token, "style").replace(QLatin1String("&quot;"), QLatin1String("'")), fontSize);
+  QString attributes;
+  for (const HtmlAttribute& attribute : token.attributes) attributes += KeptAttribute(token.name, attribute);
+  if (!css.isEmpty()) attributes += QLatin1String(" style=") + Quoted(css);
+  return attributes;
 }
 
 }  // namespace snipdeck

@@ -8,6 +8,7 @@
 #include "richtext/html/html_attributes.h"
 #include "richtext/html/html_elements.h"
 #include "richtext/html/html_pictures.h"
+#include "richtext/html/html_table_sizes.h"
 #include "richtext/html/html_tokenizer.h"
 
 namespace snipdeck {
@@ -15,12 +16,12 @@ namespace {
 
 constexpr qsizetype kMaxDepth = 100;
 constexpr int kMaxTableDepth = 8;
-constexpr int kMaxElements = 120000;
-/// A table takes time and memory for each place of its grid, also where a row has no cell for it.
-constexpr qint64 kMaxGridPlaces = 120000;
-constexpr int kMaxSpan = 200;
-// Qt walks over a list whenever an item joins it; further items are plain paragraphs.
-constexpr int kMaxListItems = 5000;
+constexpr int kMaxElements = 100'000;
+// Qt walks over a list whenever an item joins it, so that long ones go on as a further list; in a page that is full of
+// them, sooner.
+constexpr int kMaxItemsInList = 250;
+constexpr int kManyItems = 5000;
+constexpr int kMaxItemsWhereMany = 50;
 constexpr int kMaxRules = 400;
 constexpr double kDefaultPoints = 12;
 
@@ -29,6 +30,8 @@ struct OpenElement {
   QString startTag;  ///< as written; empty when only the contents are
   QString endTag;
   double fontSize = kDefaultPoints;
+  int items = 0;  ///< Of a list, since it was begun or went on as another one.
+  int next = 1;   ///< The number of its next item.
 };
 
 bool IsCell(const QString& name) {
@@ -41,26 +44,6 @@ bool IsPartOfTable(const QString& name) {
                                        QStringLiteral("tfoot"), QStringLiteral("caption")};
   return kNames.contains(name);
 }
-
-/// How large the grids of all tables so far have become.
-class GridSize {
- public:
-  void StartRow() {
-    m_places += m_widest;
-    m_rowWidth = 0;
-  }
-  void AddCell(int span) {
-    m_rowWidth += std::clamp(span, 1, kMaxSpan);
-    m_widest = std::max(m_widest, m_rowWidth);
-  }
-  void StartTable() { m_widest = 0; }
-  bool IsFull() const { return m_places > kMaxGridPlaces; }
-
- private:
-  qint64 m_places = 0;
-  int m_rowWidth = 0;
-  int m_widest = 0;
-};
 
 class Cleaner {
  public:
@@ -169,7 +152,7 @@ class Cleaner {
 
   void Open(const HtmlToken& token, const HtmlElement& element) {
     CloseImplied(token.name);
-    if (m_grid.IsFull() && !m_leftTables) LeaveTables();
+    if (m_sizes.IsFull() && !m_leftTables) LeaveTables();
     SupplyTable(token.name);
     if (m_open.size() >= kMaxDepth || (token.name == QLatin1String("table") && m_tables >= kMaxTableDepth)) {
       ++m_depthCut;
@@ -180,28 +163,58 @@ class Cleaner {
       return;
     }
     if (element.isBlock) StartBlock();
-    if (token.name == QLatin1String("li")) TakeItemNumber(ValueOf(token, "value"));
+    if (token.name == QLatin1String("li")) StartItem(ValueOf(token, "value"));
     Push(token, IsTooMany(token) ? ElementNamed(QStringLiteral("div")) : element);
   }
 
-  /// A list goes on as another one where an item says its number.
-  void TakeItemNumber(const QString& value) {
+  /// A list goes on as another one where an item says its number, and where it becomes too long.
+  void StartItem(const QString& value) {
+    ++m_listItems;
+    if (!IsInList()) return;
+    OpenElement& list = m_open.last();
     bool isNumber = false;
     const int number = value.trimmed().toInt(&isNumber);
-    if (!isNumber || m_open.isEmpty() || m_open.last().name != QLatin1String("ol")) return;
-    OpenElement& list = m_open.last();
-    Write(list.endTag);
-    list.startTag = WithListStart(list.startTag, number);
-    Write(list.startTag);
+    const int limit = m_listItems > kManyItems ? kMaxItemsWhereMany : kMaxItemsInList;
+    const bool isSaid = isNumber && number != list.next && m_listItems <= kManyItems;
+    if (isSaid) list.next = std::clamp(number, 0, kMaxListStart);
+    if (isSaid || list.items >= limit) {
+      list.startTag = WithListStart(list.startTag, list.next);
+      list.items = 0;
+      Write(list.endTag + list.startTag);
+    }
+    ++list.items;
+    ++list.next;
   }
 
-  /// Items and cells beyond what lists and tables can take are plain paragraphs.
+  bool IsInList() const {
+    const QLatin1String tag(m_open.isEmpty() ? "" : ElementNamed(m_open.last().name).as);
+    return tag == QLatin1String("ol") || tag == QLatin1String("ul");
+  }
+
+  /// Rows and cells beyond what tables can take are plain paragraphs, and so are items in the wrong place.
   bool IsTooMany(const HtmlToken& token) {
-    if (token.name == QLatin1String("li")) return ++m_listItems > kMaxListItems;
-    if (token.name == QLatin1String("table") && m_tables == 0) m_grid.StartTable();
-    if (token.name == QLatin1String("tr")) m_grid.StartRow();
-    if (IsCell(token.name)) m_grid.AddCell(ValueOf(token, "colspan").toInt());
-    return m_grid.IsFull() && IsPartOfTable(token.name);
+    if (token.name == QLatin1String("li")) return m_listItems > kManyItems && !IsInList();
+    if (token.name == QLatin1String("tr")) StartRow();
+    return m_sizes.IsFull() && IsPartOfTable(token.name);
+  }
+
+  void StartRow() {
+    if (m_sizes.WantsFurtherTable()) {
+      qsizetype table = m_open.size() - 1;
+      while (table > 0 && m_open[table].name != QLatin1String("table")) --table;
+      CloseDownTo(table + 1);
+      Write(m_open[table].endTag + m_open[table].startTag);
+      m_sizes.StartFurtherTable();
+    }
+    m_sizes.StartRow();
+  }
+
+  /// A cell's spans, as attributes.
+  QString Spans(const HtmlToken& cell) {
+    const int columns = std::clamp(ValueOf(cell, "colspan").trimmed().toInt(), 1, HtmlTableSizes::kMaxColumnSpan);
+    const int rows = std::clamp(ValueOf(cell, "rowspan").trimmed().toInt(), 1, HtmlTableSizes::kMaxRowSpan);
+    if (!m_sizes.AddCell(columns, rows)) return {};
+    return QStringLiteral(" colspan=\"%1\" rowspan=\"%2\"").arg(columns).arg(rows);
   }
 
   void LeaveTables() {
@@ -214,7 +227,7 @@ class Cleaner {
   /// Rows and cells that were copied without what they belong to.
   void SupplyTable(const QString& name) {
     const bool isCell = IsCell(name);
-    if (m_grid.IsFull()) return;
+    if (m_sizes.IsFull()) return;
     if (!isCell && name != QLatin1String("tr")) return;
     if (m_tables == 0) Supply(QStringLiteral("table"));
     if (isCell && !IsInRow()) Supply(QStringLiteral("tr"));
@@ -236,10 +249,15 @@ class Cleaner {
 
   void Push(const HtmlToken& token, const HtmlElement& element) {
     OpenElement open{token.name, {}, {}, m_open.isEmpty() ? kDefaultPoints : m_open.last().fontSize};
-    const QString attributes = m_attributes.Kept(token, open.fontSize);
+    QString attributes = KeptAttributes(token, open.fontSize);
+    if (IsCell(token.name)) attributes += Spans(token);
     open.startTag = QLatin1Char('<') + QLatin1String(element.as) + attributes + u'>';
     open.endTag = QLatin1String("</") + QLatin1String(element.as) + u'>';
-    m_tables += token.name == QLatin1String("table");
+    if (token.name == QLatin1String("table")) {
+      ++m_tables;
+      m_sizes.StartTable();
+    }
+    if (token.name == QLatin1String("ol")) open.next = ListStartOf(token);
     Write(open.startTag);
     if (element.isBlock) m_blockTagEnd = m_clean.html.size() - 1;
     m_open.append(open);
@@ -274,7 +292,10 @@ class Cleaner {
     while (m_open.size() > count) {
       const OpenElement element = m_open.takeLast();
       if (ElementNamed(element.name).isBlock) EndBlock();
-      m_tables -= element.name == QLatin1String("table");
+      if (element.name == QLatin1String("table")) {
+        --m_tables;
+        m_sizes.EndTable();
+      }
       Write(element.endTag);
     }
   }
@@ -309,9 +330,8 @@ class Cleaner {
   int m_tables = 0;
   int m_elements = 0;
   int m_listItems = 0;
-  GridSize m_grid;
+  HtmlTableSizes m_sizes;
   bool m_leftTables = false;
-  HtmlAttributes m_attributes;
   int m_depthCut = 0;
   int m_elementsCut = 0;
   int m_picturesDropped = 0;

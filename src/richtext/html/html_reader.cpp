@@ -82,6 +82,8 @@ void TakeListStart(QTextList& list) {
 /// Lists that do not begin with 1 are labelled by us, and every label has room beside its paragraph.
 void TidyLists(QTextDocument& document) {
   constexpr double kLeastIndent = 24;
+  QTextCursor cursor(&document);
+  cursor.beginEditBlock();
   for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
     QTextList* const list = block.textList();
     if (!list) continue;
@@ -90,8 +92,11 @@ void TidyLists(QTextDocument& document) {
     QTextBlockFormat format = before;
     if (list->format().hasProperty(kListStart)) TakeLabelFromQt(format);
     format.setLeftMargin(std::max(format.leftMargin(), kLeastIndent - ListSteps(block) * document.indentWidth()));
-    if (format != before) QTextCursor(block).setBlockFormat(format);
+    if (format == before) continue;
+    cursor.setPosition(block.position());
+    cursor.setBlockFormat(format);
   }
+  cursor.endEditBlock();
 }
 
 }  // namespace

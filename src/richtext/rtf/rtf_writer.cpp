@@ -58,6 +58,7 @@ class RtfVisitor : public DocumentVisitor {
     m_hasParagraphs = true;
     if (last && !isLostAtEnd) return;
     m_body.Word("par");
+    if (m_empty) EndRaised(block.charFormat());
     m_body.LineEnd();
   }
 
@@ -65,6 +66,7 @@ class RtfVisitor : public DocumentVisitor {
     EnterLink(format);
     m_body.Append(m_characters.For(format, index));
     m_body.Text(text);
+    EndRaised(format);
     m_empty = false;
   }
 
@@ -116,6 +118,11 @@ class RtfVisitor : public DocumentVisitor {
 
  private:
   bool IsNested() const { return m_tables.size() > 1; }
+
+  // Readers that take raised text for the mark of a note hold it back until they are told that it ends.
+  void EndRaised(const QTextCharFormat& format) {
+    m_body.WordIf(format.verticalAlignment() == QTextCharFormat::AlignSuperScript, "nosupersub");
+  }
 
   void MarkCell() {
     if (m_tables.isEmpty()) return;

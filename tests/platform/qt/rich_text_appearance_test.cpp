@@ -3,6 +3,7 @@
 #include <QTest>
 
 #include "platform/qt/rich_text_control.h"
+#include "richtext/list_labels.h"
 
 namespace snipdeck {
 namespace {
@@ -121,6 +122,41 @@ class RichTextAppearanceTest : public QObject {
     QCOMPARE(MagentaIn(ViewOf(control)), 200);
     InsertPicture(control, "data:image/png;base64,broken");
     QCOMPARE(MagentaIn(ViewOf(control)), 200);
+  }
+
+  void AListShowsTheNumberThatItBeginsWith() {
+    const auto viewOf = [](const QByteArray& start, const QByteArray& items) {
+      RichTextControl control;
+      control.SetSelRtf("{\\rtf1{\\fonttbl{\\f0 Arial;}}{\\*\\listtable{\\list{\\listlevel\\levelnfc0\\levelstartat" + start +
+                        "{\\leveltext\\'02\\'00.;}{\\levelnumbers\\'01;}\\li720}\\listid1}}"
+                        "{\\*\\listoverridetable{\\listoverride\\listid1\\ls1}}\\pard\\ls1\\li720\\fi-360 " + items + "}");
+      control.SetSelStart(0);
+      QImage view = ViewOf(control);
+      const int line = control.cursorRect().height();
+      const int last = static_cast<int>(items.count("\\par"));
+      return view.copy(0, control.cursorRect().top() + last * line, view.width(), line);
+    };
+    QCOMPARE(viewOf("3", "x"), viewOf("1", "\\par\\par x"));
+    QVERIFY(viewOf("3", "x") != viewOf("1", "x"));
+  }
+
+  void ANewItemDoesNotKeepTheLabelOfTheOneBefore() {
+    RichTextControl control;
+    control.SetSelRtf("{\\rtf1{\\*\\listtable{\\list{\\listlevel\\levelnfc0\\levelstartat1{\\leveltext\\'02\\'00.;}"
+                      "{\\levelnumbers\\'01;}}\\listid1}}{\\*\\listoverridetable{\\listoverride\\listid1\\ls1}}"
+                      "\\pard{\\listtext 9.\\tab}\\ls1\\li720 x}");
+    control.moveCursor(QTextCursor::End);
+    QTest::keyClick(&control, Qt::Key_Return);
+    QCOMPARE(ListLabel(control.document()->firstBlock()), "9.");
+    QCOMPARE(ListLabel(control.document()->lastBlock()), "2.");
+    control.undo();
+    QCOMPARE(control.document()->blockCount(), 1);
+  }
+
+  void ParagraphBordersShowInTheirColour() {
+    RichTextControl control;
+    control.SetSelRtf("{\\rtf1{\\colortbl;\\red255\\green0\\blue255;}\\pard\\li300\\ri300\\sb300\\box\\brdrs\\brdrw30\\brdrcf1 x\\par y}");
+    QVERIFY(MagentaIn(ViewOf(control)) > 400);
   }
 };
 
