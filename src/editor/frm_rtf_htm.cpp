@@ -19,6 +19,7 @@
 #include "platform/qt/rich_text_control.h"
 #include "platform/qt/ruler.h"
 #include "platform/qt/status_bar.h"
+#include "platform/qt/table_work.h"
 
 namespace snipdeck {
 
@@ -67,6 +68,8 @@ void frm_RTF_HTM::PrepareControl() {
   ThisTextCtrl->SetButtonBarHandle(TXButtonBar1->WindowHandle());
   ThisTextCtrl->SetStatusBarHandle(TXStatusBar1->WindowHandle());
   TXStatusBar1->SetFieldLabels({tr("Line "), tr("Col "), tr("Section "), tr("Page ")});
+  connect(ThisTextCtrl, &QTextEdit::textChanged, this,
+          [this] { ShowNewBlankLine(ThisTextCtrl->AsItStands().textCursor()); });
   new RulerGuide(*TXRuler1, *ThisTextCtrl);
   new TypingFilter(*ThisTextCtrl, {.run = [this](EditorHandler handler) { (this->*handler)(); },
                                    .markChanged = [this] { m_document->MarkChanged(); },

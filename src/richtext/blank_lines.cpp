@@ -27,13 +27,17 @@ void ShowBlankLine(const QTextBlock& block) {
   QTextCursor(block).mergeBlockFormat(shown);
 }
 
-bool IsHiddenBlankLine(const QTextBlock& block) {
-  if (!block.isValid() || block.length() > 1 || HasGround(block) || !block.next().isValid()) return false;
+bool IsBlankLine(const QTextBlock& block) {
+  if (!block.isValid() || block.length() > 1 || !block.previous().isValid()) return false;
   const QTextCursor here(block);
-  const QTextCursor below(block.next());
-  const bool isBeforeTable = below.currentTable() && below.currentTable()->firstPosition() == block.next().position();
-  if (!isBeforeTable || BeginOfSurroundings(here) == block.position()) return false;
+  if (BeginOfSurroundings(here) == block.position()) return false;
   return QTextCursor(block.previous()).currentFrame() == here.currentFrame();
+}
+
+bool IsHiddenBlankLine(const QTextBlock& block) {
+  if (!IsBlankLine(block) || HasGround(block) || !block.next().isValid()) return false;
+  const QTextCursor below(block.next());
+  return below.currentTable() && below.currentTable()->firstPosition() == block.next().position();
 }
 
 }  // namespace snipdeck

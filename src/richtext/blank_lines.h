@@ -8,8 +8,9 @@ namespace snipdeck {
 /// Nothing happens to a paragraph with text or a ground of its own, and nothing of it is ever written to a file.
 void ShowBlankLine(const QTextBlock& block);
 
-/// Whether a person who sees no line there would miss one: an empty paragraph before a table that neither begins the text
-/// or a cell, where it only separates, nor follows a table.
+/// An empty paragraph that neither begins the text or a cell, where it may only separate, nor follows a table.
+bool IsBlankLine(const QTextBlock& block);
+/// Whether a person who sees no line there would miss one: a blank line before a table that was not given its room.
 bool IsHiddenBlankLine(const QTextBlock& block);
 
 }  // namespace snipdeck

@@ -5,6 +5,7 @@
 #include <QTextList>
 #include <QTextTable>
 
+#include "richtext/blank_lines.h"
 #include "richtext/format_properties.h"
 #include "richtext/list_labels.h"
 #include "richtext/table_grid.h"
@@ -149,6 +150,7 @@ void DocumentBuilder::WriteTable(Place& place, const TableFlow& table) {
 
 void DocumentBuilder::WriteRows(Place& place, const TableFlow& table, std::size_t begin, std::size_t end) {
   const TableGrid grid(table, begin, end);
+  if (place.block == Block::Follow) ShowBlankLine(place.cursor.block());
   QTextTable* inserted = place.cursor.insertTable(grid.Rows(), grid.Columns(), grid.Format());
   for (const TableGrid::Cell& cell : grid.Cells()) {
     if (cell.rowSpan > 1 || cell.columnSpan > 1) {

@@ -5,6 +5,7 @@
 #include <QTextList>
 
 #include "richtext/format_properties.h"
+#include "richtext/list_labels.h"
 
 namespace snipdeck {
 namespace {
@@ -23,6 +24,13 @@ void LeaveList(const QTextBlock& block) {
   cursor.setBlockFormat(format);
 }
 
+// Qt would count from 1.
+void LabelAnew(const QTextBlock& item) {
+  QTextBlockFormat format = item.blockFormat();
+  TakeLabelFromQt(format);
+  QTextCursor(item).setBlockFormat(format);
+}
+
 }  // namespace
 
 bool IsNumbered(QTextListFormat::Style style) {
@@ -34,7 +42,8 @@ ListTraits ListAt(const QTextCursor& cursor) {
   if (!list) return {};
   const QTextListFormat format = list->format();
   const bool isNumbered = IsNumbered(format.style());
-  return {format.style(), isNumbered ? format.numberSuffix() : QStringLiteral("."), std::max(1, format.indent())};
+  return {format.style(), isNumbered ? format.numberSuffix() : QStringLiteral("."), std::max(1, format.indent()),
+          isNumbered && format.hasProperty(kListStart) ? format.intProperty(kListStart) : 1};
 }
 
 void SetList(QTextCursor cursor, const ListTraits& traits) {
@@ -49,15 +58,17 @@ void SetList(QTextCursor cursor, const ListTraits& traits) {
     format.setStyle(traits.style);
     format.setIndent(traits.level);
     if (IsNumbered(traits.style)) format.setNumberSuffix(traits.suffix);
+    const bool startsElsewhere = IsNumbered(traits.style) && traits.start != 1;
+    if (startsElsewhere) format.setProperty(kListStart, traits.start);
     QTextCursor selection(cursor);
     selection.setPosition(begin);
     selection.setPosition(end, QTextCursor::KeepAnchor);
-    selection.createList(format);
+    const QTextList* const list = selection.createList(format);
+    for (int i = 0; startsElsewhere && i < list->count(); ++i) LabelAnew(list->item(i));
   }
   cursor.endEditBlock();
 }
 
-}  // namespace snipdeck
 void CountNewItem(QTextCursor cursor) {
   const QTextBlock block = cursor.block();
   QTextBlockFormat format = block.blockFormat();
@@ -70,3 +81,4 @@ void CountNewItem(QTextCursor cursor) {
   cursor.endEditBlock();
 }
 
+}  // namespace snipdeck

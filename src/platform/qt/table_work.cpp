@@ -2,11 +2,13 @@
 
 #include <array>
 
+#include <QTextBlock>
 #include <QTextCursor>
 #include <QTextDocument>
 #include <QTextTable>
 
 #include "platform/units.h"
+#include "richtext/blank_lines.h"
 
 namespace snipdeck {
 namespace {
@@ -54,9 +56,21 @@ CellLines LinesOf(const QTextTableCellFormat& format) {
   return {format.topBorder(), brush.style() == Qt::NoBrush ? QColor(Qt::black) : brush.color()};
 }
 
-QTextTable* InsertTable(QTextCursor& cursor, int rows, int columns, const CellLines& lines) {
-  cursor.beginEditBlock();
-  cursor.setPosition(cursor.selectionEnd());
+void ShowNewBlankLine(QTextCursor caret) {
+  const QTextDocument& document = *caret.document();
+  // Undone steps would be lost by a further one.
+  if (document.rootFrame()->childFrames().isEmpty() || document.isRedoAvailable()) return;
+  for (const QTextBlock& block : {caret.block().previous(), caret.block(), caret.block().next()}) {
+    if (!IsHiddenBlankLine(block)) continue;
+    caret.joinPreviousEditBlock();
+    ShowBlankLine(block);
+    caret.endEditBlock();
+  }
+}
+
+namespace {
+
+QTextTable* MakeTable(QTextCursor& cursor, int rows, int columns, const CellLines& lines) {
   QTextTableFormat format;
   format.setBorder(0);
   format.setCellSpacing(0);
@@ -74,12 +88,30 @@ QTextTable* InsertTable(QTextCursor& cursor, int rows, int columns, const CellLi
     }
   }
   cursor = table->cellAt(0, 0).firstCursorPosition();
-  cursor.endEditBlock();
+  return table;
+}
+
+}  // namespace
+
+QTextTable* InsertTable(QTextCursor& cursor, int rows, int columns, const CellLines& lines) {
+  QTextCursor above = cursor;
+  above.beginEditBlock();
+  cursor.setPosition(cursor.selectionEnd());
+  const bool takesPlace = IsBlankLine(cursor.block());
+  QTextTable* const table = MakeTable(cursor, rows, columns, lines);
+  above.setPosition(table->firstPosition() - 1);
+  if (takesPlace) above.deletePreviousChar();
+  above.endEditBlock();
   return table;
 }
 
 QTextTable* InsertTextFrame(QTextCursor& cursor) {
-  return InsertTable(cursor, 1, 1, {});
+  QTextCursor step = cursor;
+  step.beginEditBlock();
+  cursor.setPosition(cursor.selectionEnd());
+  QTextTable* const frame = MakeTable(cursor, 1, 1, {});
+  step.endEditBlock();
+  return frame;
 }
 
 int FrameAttribute(const QTextTable& frame, int index) {

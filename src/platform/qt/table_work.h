@@ -21,11 +21,15 @@ struct CellLines {
 void SetLines(QTextTableCellFormat& format, const CellLines& lines);
 CellLines LinesOf(const QTextTableCellFormat& format);
 
-/// Inserts a table behind the selection; its columns share the width between the margins evenly. The caret goes into the
-/// first cell. One undo step.
+/// Inserts a table behind the selection; its columns share the width between the margins evenly. In an empty paragraph it
+/// takes that paragraph's place. The caret goes into the first cell. One undo step.
 QTextTable* InsertTable(QTextCursor& cursor, int rows, int columns, const CellLines& lines);
 
-/// A frame for text of its own is a table of one cell: that is how other programs show it, too.
+/// Where the user has made an empty paragraph before a table: shows it, as a part of the step that made it.
+void ShowNewBlankLine(QTextCursor caret);
+
+/// A frame for text of its own is a table of one cell: that is how other programs show it, too. What stands before it
+/// stays.
 QTextTable* InsertTextFrame(QTextCursor& cursor);
 /// See RichTextControl::TextFrameAttribute.
 int FrameAttribute(const QTextTable& frame, int index);

@@ -16,6 +16,8 @@
 #include "platform/qt/dialogs/table_attributes_dialog.h"
 #include "platform/qt/dialogs/length_box.h"
 #include "platform/qt/rich_text_control.h"
+#include "platform/qt/table_work.h"
+#include "richtext/list_labels.h"
 
 namespace snipdeck {
 
@@ -132,9 +134,10 @@ class TableDialogsTest : public QObject {
   void ParagraphsBecomeAListAndLeaveIt() {
     m_control.SetText("one\ntwo\nthree");
     m_control.selectAll();
-    const auto choose = [this](int row) {
-      InDialog<TextBulletsDialog>([this] { m_control.BulletsDialog(); }, [row](TextBulletsDialog& dialog) {
+    const auto choose = [this](int row, int start = 1) {
+      InDialog<TextBulletsDialog>([this] { m_control.BulletsDialog(); }, [row, start](TextBulletsDialog& dialog) {
         dialog.findChild<QListWidget*>()->setCurrentRow(row);
+        dialog.findChild<QSpinBox*>("start")->setValue(start);
         return true;
       });
     };
@@ -142,10 +145,49 @@ class TableDialogsTest : public QObject {
     QCOMPARE(m_control.textCursor().currentList()->count(), 3);
     QCOMPARE(m_control.textCursor().currentList()->itemText(m_control.document()->lastBlock()), QString("3."));
     QVERIFY(m_control.SelRtf().contains("\\ls"));
+    choose(8, 3);
+    QCOMPARE(ListLabel(m_control.document()->lastBlock()), QString("V."));
+    RichTextControl copy;
+    copy.SetSelRtf(m_control.SelRtf());
+    QCOMPARE(ListLabel(copy.document()->lastBlock()), QString("V."));
+    InDialog<TextBulletsDialog>([this] { m_control.BulletsDialog(); }, [](TextBulletsDialog& dialog) {
+      return dialog.findChild<QSpinBox*>("start")->value() != 3;
+    });
     choose(0);
     QVERIFY(!m_control.textCursor().currentList());
     m_control.undo();
     QCOMPARE(m_control.textCursor().currentList()->count(), 3);
+  }
+
+  // A table that takes the place of an empty paragraph leaves none behind; one that was there before shows.
+  void AnEmptyParagraphBeforeATableIsSeenOrNotThere() {
+    const auto insert = [this] {
+      InDialog<TextInsertTableDialog>([this] { m_control.InsertTableDialog(); }, [](TextInsertTableDialog&) { return true; });
+    };
+    const auto heightOf = [this](int block) {
+      const QTextBlock at = m_control.document()->findBlockByNumber(block);
+      QTextCursor below(at.next());
+      const auto& layout = *m_control.document()->documentLayout();
+      return layout.frameBoundingRect(below.currentTable()).top() - layout.blockBoundingRect(at).top();
+    };
+    m_control.show();
+    m_control.SetText("above\n");
+    m_control.SetSelStart(6);
+    insert();
+    QCOMPARE(m_control.textCursor().currentTable()->firstPosition(), 6);
+    m_control.SetText("");
+    m_control.SetSelRtf("{\\rtf1 above\\par\\par\\trowd\\cellx2000\\intbl in\\cell\\row\\pard below}");
+    QVERIFY(heightOf(1) > 5);
+    QCOMPARE(m_control.Text(), QString("above\n\nin\nbelow"));
+    m_control.SetText("above");
+    m_control.SetSelStart(5);
+    insert();
+    m_control.SetSelStart(5);
+    QTest::keyClick(&m_control, Qt::Key_Return);
+    ShowNewBlankLine(m_control.textCursor());
+    QVERIFY(heightOf(1) > 5);
+    m_control.undo();
+    QCOMPARE(m_control.textCursor().block().next().position(), 6);
   }
 
   void APaperTurnsAndTakesItsMargins() {

@@ -14,6 +14,7 @@ namespace snipdeck {
 namespace {
 
 constexpr int kDeepestLevel = 9;
+constexpr int kHighestStart = 32767;  // what files of other programs can say
 
 struct Kind {
   QTextListFormat::Style style;
@@ -35,7 +36,7 @@ const QStringList kSuffixes = {QStringLiteral("."), QStringLiteral(")"), QString
 }  // namespace
 
 TextBulletsDialog::TextBulletsDialog(const ListTraits& traits, QWidget* parent)
-    : QDialog(parent), m_kind(new QListWidget), m_suffix(new QComboBox), m_level(new QSpinBox) {
+    : QDialog(parent), m_kind(new QListWidget), m_suffix(new QComboBox), m_start(new QSpinBox), m_level(new QSpinBox) {
   setWindowTitle(tr("Bullets and numbering"));
   setObjectName(QStringLiteral("BulletsDialog"));
   for (const Kind& kind : kKinds) {
@@ -45,6 +46,9 @@ TextBulletsDialog::TextBulletsDialog(const ListTraits& traits, QWidget* parent)
   if (m_kind->currentRow() < 0) m_kind->setCurrentRow(0);
   m_suffix->addItems({tr("1.  full stop"), tr("1)  bracket"), tr("1  nothing")});
   m_suffix->setCurrentIndex(static_cast<int>(std::max<qsizetype>(0, kSuffixes.indexOf(traits.suffix))));
+  m_start->setObjectName(QStringLiteral("start"));
+  m_start->setRange(0, kHighestStart);
+  m_start->setValue(traits.start);
   m_level->setRange(1, kDeepestLevel);
   m_level->setValue(traits.level);
   auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
@@ -52,6 +56,7 @@ TextBulletsDialog::TextBulletsDialog(const ListTraits& traits, QWidget* parent)
   form->addRow(LabelFor(tr("&Kind"), m_kind));
   form->addRow(m_kind);
   form->addRow(tr("&After the number"), m_suffix);
+  form->addRow(tr("&Start at"), m_start);
   form->addRow(tr("&Level"), m_level);
   form->addRow(buttons);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
@@ -65,12 +70,13 @@ TextBulletsDialog::TextBulletsDialog(const ListTraits& traits, QWidget* parent)
 void TextBulletsDialog::OfferDetails() {
   const QTextListFormat::Style style = Traits().style;
   m_suffix->setEnabled(IsNumbered(style));
+  m_start->setEnabled(IsNumbered(style));
   m_level->setEnabled(style != QTextListFormat::ListStyleUndefined);
 }
 
 ListTraits TextBulletsDialog::Traits() const {
   return {kKinds[static_cast<std::size_t>(std::max(0, m_kind->currentRow()))].style,
-          kSuffixes[std::max(0, m_suffix->currentIndex())], m_level->value()};
+          kSuffixes[std::max(0, m_suffix->currentIndex())], m_level->value(), m_start->value()};
 }
 
 void RunBulletsDialog(RichTextControl& control) {

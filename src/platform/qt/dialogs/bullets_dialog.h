@@ -12,7 +12,7 @@ namespace snipdeck {
 
 class RichTextControl;
 
-/// The bullet or numbering of paragraphs, and its level.
+/// The bullet or numbering of paragraphs, where its numbers start, and its level.
 class TextBulletsDialog : public QDialog {
   Q_OBJECT
 
@@ -26,6 +26,7 @@ class TextBulletsDialog : public QDialog {
 
   QListWidget* m_kind;
   QComboBox* m_suffix;
+  QSpinBox* m_start;
   QSpinBox* m_level;
 };
 
