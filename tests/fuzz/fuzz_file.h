@@ -23,8 +23,8 @@ inline void Read(const QByteArray& bytes, FileFormat format) {
   }
 }
 
-/// Puts the pieces of an input, which `<?part?>` divides, into the parts with these names; without a mark, all parts are the
-/// whole input.
+/// Puts the pieces of an input, which `<?part?>` divides, into the parts with these names; without a mark, all parts
+/// are the whole input.
 inline void AddParts(ZipWriter& zip, const QByteArray& input, std::initializer_list<const char*> names) {
   static constexpr QByteArrayView kMark("\n<?part?>\n");
   qsizetype begin = 0;

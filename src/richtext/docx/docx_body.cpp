@@ -11,8 +11,8 @@ constexpr int kProgressStep = 200;  // paragraphs
 
 /// Elements around paragraphs or runs that only say something about them.
 bool IsWrapper(const XmlPart& xml) {
-  static constexpr const char* kWrappers[] = {"sdt", "sdtContent", "customXml", "smartTag", "ins",
-                                              "moveTo", "dir",      "bdo",       "txbxContent", "subDoc"};
+  static constexpr const char* kWrappers[] = {"sdt",    "sdtContent", "customXml", "smartTag",    "ins",
+                                              "moveTo", "dir",        "bdo",       "txbxContent", "subDoc"};
   return std::any_of(std::begin(kWrappers), std::end(kWrappers), [&](const char* name) { return xml.Is(name); });
 }
 
@@ -142,8 +142,7 @@ Flow DocxBody::NestedFlow(XmlPart& xml) {
 /// True when the section that follows begins on a new page.
 bool DocxBody::ReadSection(XmlPart& xml) {
   bool startsPage = true;
-  const bool isFirst =
-      !m_context.page.hasProperty(kPageWidth) && !m_context.page.hasProperty(kPageMarginLeft);
+  const bool isFirst = !m_context.page.hasProperty(kPageWidth) && !m_context.page.hasProperty(kPageMarginLeft);
   while (xml.readNextStartElement()) {
     if (isFirst) ReadPage(xml);
     if (xml.Is("type")) startsPage = xml.Value() != QLatin1String("continuous");

@@ -24,7 +24,8 @@ Failure WhyNot(QPdfDocument::Error error) {
   return {Failure::Kind::Malformed, QStringLiteral("The file is damaged, or not a PDF.")};
 }
 
-/// The sheet's size in twips. Files often give it in whole points, which no sheet of the A sizes has: one of those it is.
+/// The sheet's size in twips. Files often give it in whole points, which no sheet of the A sizes has: one of those it
+/// is.
 QSizeF Sheet(const QSizeF& points) {
   constexpr double kTwipsPerMillimetre = 1440 / 25.4;
   const bool isWide = points.width() > points.height();
@@ -81,8 +82,7 @@ Result<FlowText> ReadPdf(const QByteArray& bytes, QStringList& warnings, const s
   flow.SetSize(pdf.pagePointSize(0));
   const int pages = std::min(pdf.pageCount(), kMostPages);
   for (int page = 0; page < pages && flow.Size() < kMostCharacters; ++page) {
-    if (progress && !progress(static_cast<double>(page) / pages))
-      return Failure{Failure::Kind::Refused, QString()};
+    if (progress && !progress(static_cast<double>(page) / pages)) return Failure{Failure::Kind::Refused, QString()};
     flow.AddPage(CleanText(pdf.getAllText(page).text()), page == 0);
   }
   if (flow.Size() == 0) warnings.append(QStringLiteral("no text in the file, perhaps pictures of text"));

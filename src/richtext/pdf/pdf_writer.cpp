@@ -29,8 +29,8 @@ bool IsRightToLeft(QChar c) {
   return c.direction() == QChar::DirR || c.direction() == QChar::DirAL;
 }
 
-/// Takes the letter spacing of the document's font from words that run from right to left: with it, readers of PDF files find a
-/// blank behind each letter.
+/// Takes the letter spacing of the document's font from words that run from right to left: with it, readers of PDF
+/// files find a blank behind each letter.
 void JoinRightToLeft(QTextDocument& document) {
   QTextCharFormat joined;
   joined.setFontLetterSpacingType(QFont::AbsoluteSpacing);
@@ -64,7 +64,8 @@ void RemoveHidden(QTextDocument& document) {
   }
 }
 
-/// A copy of the text, laid out in pages. Tables that would go over the edge of the sheet make all of it smaller. Qt itself makes links of what is drawn with an address.
+/// A copy of the text, laid out in pages. Tables that would go over the edge of the sheet make all of it smaller. Qt
+/// itself makes links of what is drawn with an address.
 class Paged {
  public:
   Paged(const QTextDocument& source, QPdfWriter& writer) : m_page(PageOf(source)) {
@@ -100,8 +101,8 @@ class Paged {
   }
 
  private:
-  // Qt writes down one character for each glyph, so that letters that a font joins into one would be lost to all who search
-  // or copy. It joins none where letters are spaced, be it by next to nothing.
+  // Qt writes down one character for each glyph, so that letters that a font joins into one would be lost to all who
+  // search or copy. It joins none where letters are spaced, be it by next to nothing.
   static QFont ForPaper(QFont font) {
     constexpr double kLeastSpace = 1.0 / 64;  // dots
     font.setHintingPreference(QFont::PreferNoHinting);
@@ -134,14 +135,14 @@ Result<QByteArray> WritePdf(const QTextDocument& document, const std::function<b
   buffer.open(QIODevice::WriteOnly);
   QPdfWriter writer(&buffer);
   writer.setResolution(kDotsPerInch);
-  writer.setPageSize(QPageSize(QSizeF(page.width, page.height) / 20.0, QPageSize::Point, QString(), QPageSize::ExactMatch));
+  writer.setPageSize(
+      QPageSize(QSizeF(page.width, page.height) / 20.0, QPageSize::Point, QString(), QPageSize::ExactMatch));
   writer.setPageMargins(QMarginsF(0, 0, 0, 0));
   Paged paged(document, writer);
   QPainter painter(&writer);
   const int count = paged.Count();
   for (int i = 0; i < count; ++i) {
-    if (progress && !progress(static_cast<double>(i) / count))
-      return Failure{Failure::Kind::Refused, QString()};
+    if (progress && !progress(static_cast<double>(i) / count)) return Failure{Failure::Kind::Refused, QString()};
     if (i > 0) writer.newPage();
     paged.Paint(painter, i);
   }

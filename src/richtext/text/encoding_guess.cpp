@@ -3,13 +3,12 @@
 #include <algorithm>
 #include <iterator>
 #include <memory>
+#include <uchardet/uchardet.h>
+#include <unicode/ucsdet.h>
 
 #include <QRegularExpression>
 #include <QString>
 #include <QStringDecoder>
-
-#include <uchardet/uchardet.h>
-#include <unicode/ucsdet.h>
 
 #include "richtext/text/code_pages.h"
 
@@ -28,8 +27,8 @@ constexpr int kSureWestern = 40;  // of a hundred
 
 enum class Script { Latin, Other };
 
-/// A detector's name for an encoding. The pages of ISO have control characters at 0x80 to 0x9F, so that a text with such bytes
-/// is in the page of Windows that is like it.
+/// A detector's name for an encoding. The pages of ISO have control characters at 0x80 to 0x9F, so that a text with
+/// such bytes is in the page of Windows that is like it.
 struct Encoding {
   const char* name;
   int codePage;
@@ -72,7 +71,8 @@ bool IsHigh(char byte) {
 }
 
 bool HasControls(QByteArrayView bytes) {
-  return std::any_of(bytes.begin(), bytes.end(), [](char byte) { return IsHigh(byte) && static_cast<unsigned char>(byte) < 0xA0; });
+  return std::any_of(bytes.begin(), bytes.end(),
+                     [](char byte) { return IsHigh(byte) && static_cast<unsigned char>(byte) < 0xA0; });
 }
 
 /// The part of a long text that tells the most: from a little before its first byte above ASCII.
@@ -103,13 +103,13 @@ const Encoding* DetectedEncoding(QByteArrayView bytes) {
   if (uchardet_handle_data(detector.get(), bytes.data(), static_cast<std::size_t>(bytes.size())) != 0) return nullptr;
   uchardet_data_end(detector.get());
   const QByteArrayView name(uchardet_get_charset(detector.get()));
-  const auto found =
-      std::find_if(std::begin(kEncodings), std::end(kEncodings), [name](const Encoding& one) { return name == one.name; });
+  const auto found = std::find_if(std::begin(kEncodings), std::end(kEncodings),
+                                  [name](const Encoding& one) { return name == one.name; });
   return found == std::end(kEncodings) ? nullptr : found;
 }
 
-/// Whether the letters of a text in Latin script are surely those of western Europe: a second opinion, since words with few
-/// accents look alike in the pages of many languages.
+/// Whether the letters of a text in Latin script are surely those of western Europe: a second opinion, since words with
+/// few accents look alike in the pages of many languages.
 bool IsWestern(QByteArrayView bytes) {
   UErrorCode error = U_ZERO_ERROR;
   const std::unique_ptr<UCharsetDetector, void (*)(UCharsetDetector*)> detector(ucsdet_open(&error), ucsdet_close);
@@ -145,15 +145,14 @@ bool IsOfText(QChar c) {
          c.category() == QChar::Other_PrivateUse;
 }
 
-/// How many characters of a text in UTF-16 end lines or divide words; -1 when it holds what no text does. The last character
-/// may be half of one.
+/// How many characters of a text in UTF-16 end lines or divide words; -1 when it holds what no text does. The last
+/// character may be half of one.
 int CountSpaces(QByteArrayView bytes, const char* codec) {
   QStringDecoder decoder(codec, QStringConverter::Flag::Stateless);
   const QString text = QString(decoder(bytes)).chopped(1);
   if (text.contains(QChar::ReplacementCharacter) || !std::all_of(text.begin(), text.end(), IsOfText)) return -1;
-  return static_cast<int>(std::count_if(text.begin(), text.end(), [](QChar c) {
-    return c == u' ' || c == u'\n' || c == u'\r' || c == QChar(0x3000);
-  }));
+  return static_cast<int>(std::count_if(
+      text.begin(), text.end(), [](QChar c) { return c == u' ' || c == u'\n' || c == u'\r' || c == QChar(0x3000); }));
 }
 
 /// Every character of UTF-32 has a zero in its highest byte and next to nothing in the one below.

@@ -17,26 +17,53 @@ struct Known {
   const char* format;
 };
 constexpr Known kKnown[] = {
-    {1, "0"},           {2, "0.00"},         {3, "#,##0"},     {4, "#,##0.00"},        {9, "0%"},
-    {5, "$#,##0;($#,##0)"}, {6, "$#,##0;($#,##0)"}, {7, "$#,##0.00;($#,##0.00)"}, {8, "$#,##0.00;($#,##0.00)"},
-    {10, "0.00%"},      {11, "0.00E+00"},    {12, "# ?/?"},    {13, "# ?\?/?\?"},      {14, "m/d/yyyy"},
-    {15, "d-mmm-yy"},   {16, "d-mmm"},       {17, "mmm-yy"},   {18, "h:mm AM/PM"},     {19, "h:mm:ss AM/PM"},
-    {20, "h:mm"},       {21, "h:mm:ss"},     {22, "m/d/yyyy h:mm"}, {37, "#,##0;(#,##0)"}, {38, "#,##0;(#,##0)"},
-    {39, "#,##0.00;(#,##0.00)"}, {40, "#,##0.00;(#,##0.00)"}, {41, "#,##0;-#,##0;\"-\""},
-    {42, "$#,##0;-$#,##0;$\"-\""}, {43, "#,##0.00;-#,##0.00;\"-\""}, {44, "$#,##0.00;-$#,##0.00;$\"-\""},
-    {45, "mm:ss"},      {46, "[h]:mm:ss"},   {47, "mm:ss.0"},  {48, "##0.0E+0"},       {49, "@"},
+    {1, "0"},
+    {2, "0.00"},
+    {3, "#,##0"},
+    {4, "#,##0.00"},
+    {9, "0%"},
+    {5, "$#,##0;($#,##0)"},
+    {6, "$#,##0;($#,##0)"},
+    {7, "$#,##0.00;($#,##0.00)"},
+    {8, "$#,##0.00;($#,##0.00)"},
+    {10, "0.00%"},
+    {11, "0.00E+00"},
+    {12, "# ?/?"},
+    {13, "# ?\?/?\?"},
+    {14, "m/d/yyyy"},
+    {15, "d-mmm-yy"},
+    {16, "d-mmm"},
+    {17, "mmm-yy"},
+    {18, "h:mm AM/PM"},
+    {19, "h:mm:ss AM/PM"},
+    {20, "h:mm"},
+    {21, "h:mm:ss"},
+    {22, "m/d/yyyy h:mm"},
+    {37, "#,##0;(#,##0)"},
+    {38, "#,##0;(#,##0)"},
+    {39, "#,##0.00;(#,##0.00)"},
+    {40, "#,##0.00;(#,##0.00)"},
+    {41, "#,##0;-#,##0;\"-\""},
+    {42, "$#,##0;-$#,##0;$\"-\""},
+    {43, "#,##0.00;-#,##0.00;\"-\""},
+    {44, "$#,##0.00;-$#,##0.00;$\"-\""},
+    {45, "mm:ss"},
+    {46, "[h]:mm:ss"},
+    {47, "mm:ss.0"},
+    {48, "##0.0E+0"},
+    {49, "@"},
 };
 
-/// Numbers for the sheets of one country that show as others do elsewhere: from `first` to `last` all as `same`, or each as
-/// the one as far behind it.
+/// Numbers for the sheets of one country that show as others do elsewhere: from `first` to `last` all as `same`, or
+/// each as the one as far behind it.
 struct Alias {
   int first;
   int last;
   int same;
   bool counts = false;
 };
-constexpr Alias kAliases[] = {{27, 31, 14},      {32, 35, 21},       {36, 36, 14}, {50, 58, 14},
-                              {59, 62, 1, true}, {67, 68, 9, true},  {69, 70, 12, true}, {71, 71, 14},
+constexpr Alias kAliases[] = {{27, 31, 14},       {32, 35, 21},       {36, 36, 14},       {50, 58, 14},
+                              {59, 62, 1, true},  {67, 68, 9, true},  {69, 70, 12, true}, {71, 71, 14},
                               {72, 75, 14, true}, {76, 78, 20, true}, {79, 81, 45, true}};
 
 QString General(double number) {
@@ -161,7 +188,8 @@ QString Show(double number, const NumberSection& section, bool since1904) {
   bool isInFraction = false;
   for (std::size_t i = 0; i < tokens.size(); ++i) {
     const FormatToken& token = tokens[i];
-    if (token.kind == FormatToken::Kind::Literal && !(isInFraction && token.text.trimmed().isEmpty())) text += token.text;
+    if (token.kind == FormatToken::Kind::Literal && !(isInFraction && token.text.trimmed().isEmpty()))
+      text += token.text;
     if (token.kind == FormatToken::Kind::Date) text += date.Show(i);
     if (token.kind == FormatToken::Kind::General || token.kind == FormatToken::Kind::Text) text += General(number);
     if (token.kind != FormatToken::Kind::Digits) continue;

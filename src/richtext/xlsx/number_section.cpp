@@ -18,14 +18,17 @@ struct Language {
   QLocale::Language language;
 };
 constexpr Language kLanguages[] = {
-    {0x01, QLocale::Arabic},    {0x02, QLocale::Bulgarian},  {0x03, QLocale::Catalan},   {0x04, QLocale::Chinese},
-    {0x05, QLocale::Czech},     {0x06, QLocale::Danish},     {0x07, QLocale::German},    {0x08, QLocale::Greek},
-    {0x0A, QLocale::Spanish},   {0x0B, QLocale::Finnish},    {0x0C, QLocale::French},    {0x0D, QLocale::Hebrew},
-    {0x0E, QLocale::Hungarian}, {0x10, QLocale::Italian},    {0x11, QLocale::Japanese},  {0x12, QLocale::Korean},
-    {0x13, QLocale::Dutch},     {0x14, QLocale::NorwegianBokmal}, {0x15, QLocale::Polish}, {0x16, QLocale::Portuguese},
-    {0x18, QLocale::Romanian},  {0x19, QLocale::Russian},    {0x1B, QLocale::Slovak},    {0x1D, QLocale::Swedish},
-    {0x1E, QLocale::Thai},      {0x1F, QLocale::Turkish},    {0x22, QLocale::Ukrainian}, {0x24, QLocale::Slovenian},
-    {0x25, QLocale::Estonian},  {0x26, QLocale::Latvian},    {0x27, QLocale::Lithuanian}};
+    {0x01, QLocale::Arabic},    {0x02, QLocale::Bulgarian},  {0x03, QLocale::Catalan},
+    {0x04, QLocale::Chinese},   {0x05, QLocale::Czech},      {0x06, QLocale::Danish},
+    {0x07, QLocale::German},    {0x08, QLocale::Greek},      {0x0A, QLocale::Spanish},
+    {0x0B, QLocale::Finnish},   {0x0C, QLocale::French},     {0x0D, QLocale::Hebrew},
+    {0x0E, QLocale::Hungarian}, {0x10, QLocale::Italian},    {0x11, QLocale::Japanese},
+    {0x12, QLocale::Korean},    {0x13, QLocale::Dutch},      {0x14, QLocale::NorwegianBokmal},
+    {0x15, QLocale::Polish},    {0x16, QLocale::Portuguese}, {0x18, QLocale::Romanian},
+    {0x19, QLocale::Russian},   {0x1B, QLocale::Slovak},     {0x1D, QLocale::Swedish},
+    {0x1E, QLocale::Thai},      {0x1F, QLocale::Turkish},    {0x22, QLocale::Ukrainian},
+    {0x24, QLocale::Slovenian}, {0x25, QLocale::Estonian},   {0x26, QLocale::Latvian},
+    {0x27, QLocale::Lithuanian}};
 
 /// The language behind the dash of a currency: a number in hexadecimal digits, or a name.
 QLocale LanguageNamed(const QString& name) {
@@ -98,7 +101,8 @@ qsizetype NumberSection::Take(const QString& text, qsizetype i) {
     Add(Kind::Date, QLatin1String(half));
     return i + static_cast<qsizetype>(qstrlen(half));
   }
-  const bool isExponent = same(u'e') && (text.mid(i + 1, 1) == QLatin1String("+") || text.mid(i + 1, 1) == QLatin1String("-"));
+  const bool isExponent =
+      same(u'e') && (text.mid(i + 1, 1) == QLatin1String("+") || text.mid(i + 1, 1) == QLatin1String("-"));
   const bool isWeekday = QStringView(text).mid(i).startsWith(QLatin1String("aaa"), Qt::CaseInsensitive);
   if (isExponent) return Exponent(text, i);
   if (IsDateLetter(c) || (!HasDigits() && (isWeekday || IsEasternLetter(c)))) return Run(text, i, Kind::Date, same);
