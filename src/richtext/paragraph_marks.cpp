@@ -8,6 +8,7 @@
 #include <QTextDocument>
 #include <QTextFrame>
 #include <QTextLayout>
+#include <QTextTable>
 
 #include "richtext/format_properties.h"
 #include "richtext/list_labels.h"
@@ -72,12 +73,26 @@ bool HasMarks(const QTextBlock& block) {
   return IsLabelTakenFromQt(block) || block.blockFormat().hasProperty(kParagraphBorder);
 }
 
-/// The first paragraph of the table or frame at `position` that stands in the text itself.
-QTextBlock StartOfFlow(const QTextDocument& document, int position) {
+struct Stretch {
+  int begin;
+  int end;
+};
+
+/// The paragraph at `position`; in a table, all cells that touch its row; in a frame, all of it.
+Stretch Surroundings(const QTextDocument& document, int position) {
   const QTextFrame* frame = document.frameAt(position);
   while (frame && frame->parentFrame() && frame->parentFrame()->parentFrame()) frame = frame->parentFrame();
-  const bool isInFrame = frame && frame->parentFrame();
-  return document.findBlock(isInFrame ? frame->firstPosition() : position);
+  if (!frame || !frame->parentFrame()) return {position, position};
+  const auto* const table = qobject_cast<const QTextTable*>(frame);
+  const int row = table ? table->cellAt(position).row() : -1;
+  if (row < 0) return {frame->firstPosition(), frame->lastPosition()};
+  Stretch cells{position, position};
+  for (int column = 0; column < table->columns(); ++column) {
+    const QTextTableCell cell = table->cellAt(row, column);
+    const QTextTableCell below = table->cellAt(row + table->cellAt(position).rowSpan() - 1, column);
+    cells = {std::min(cells.begin, cell.firstPosition()), std::max(cells.end, below.lastPosition())};
+  }
+  return cells;
 }
 
 }  // namespace
@@ -136,15 +151,13 @@ void PaintMarks(QPainter& painter, const QTextBlock& block, const QPointF& origi
 
 void PaintMarks(QPainter& painter, const QTextDocument& document, const QRectF& clip, const QPalette& palette) {
   const QAbstractTextDocumentLayout& layout = *document.documentLayout();
-  const int first = layout.hitTest(clip.topLeft(), Qt::FuzzyHit);
-  for (QTextBlock block = StartOfFlow(document, std::max(first, 0)); block.isValid(); block = block.next()) {
-    const bool isInFlow = document.frameAt(block.position()) == document.rootFrame();
-    if (!isInFlow && !HasMarks(block)) continue;
+  const Stretch top = Surroundings(document, std::max(layout.hitTest(clip.topLeft(), Qt::FuzzyHit), 0));
+  const Stretch bottom = Surroundings(document, std::max(layout.hitTest(clip.bottomLeft(), Qt::FuzzyHit), 0));
+  for (QTextBlock block = document.findBlock(top.begin); block.isValid() && block.position() <= bottom.end;
+       block = block.next()) {
+    if (!HasMarks(block) || !block.isVisible()) continue;
     const QRectF place = layout.blockBoundingRect(block);
-    if (isInFlow && place.top() > clip.bottom()) return;
-    if (block.isVisible() && HasMarks(block) && place.bottom() >= clip.top() && place.top() <= clip.bottom()) {
-      PaintMarks(painter, block, place.topLeft(), palette);
-    }
+    if (place.bottom() >= clip.top() && place.top() <= clip.bottom()) PaintMarks(painter, block, place.topLeft(), palette);
   }
 }
 
