@@ -4,7 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 
-scripts/packages.sh build run display
+scripts/packages.sh build run display test
 cmake --log-level=NOTICE --preset debug
 cmake --build --preset debug
 exec scripts/private_display.sh ctest --preset debug --parallel "$(nproc)" "$@"

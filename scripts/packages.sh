@@ -8,7 +8,8 @@ declare -A groups=(
   [build]="g++ cmake ninja-build pkg-config ccache qt6-base-dev qt6-svg-dev qt6-pdf-dev libxcb1-dev libxcb-xfixes0-dev libzip-dev libxlsxwriter-dev libuchardet-dev libicu-dev"
   [run]="libqt6svg6 fonts-dejavu-core fonts-liberation fonts-crosextra-carlito"
   # dbus-x11 also spares a small system the systemd that the accessibility bus would otherwise draw in.
-  [display]="xvfb openbox dbus-x11 at-spi2-core python3-gi gir1.2-atspi-2.0 xclip xdotool wmctrl x11-utils imagemagick poppler-utils libxml2-utils qpdf cups-daemon cups-client"
+  [display]="xvfb openbox dbus-x11 at-spi2-core python3-gi gir1.2-atspi-2.0 xclip xdotool wmctrl x11-utils imagemagick"
+  [test]="poppler-utils libxml2-utils qpdf cups-daemon cups-client"
   [bench]="copyq"
   [package]="dpkg-dev file desktop-file-utils appstream"
 )
