@@ -404,7 +404,15 @@ void RichTextControl::SetControlOption(int index, int value) {
 void RichTextControl::SetBackColor(OleColour colour) {
   if (colour == m_backColor) return;
   m_backColor = colour;
-  ApplyPalette();
+  ApplyPaper();
+}
+
+// The paper is the viewport's alone: styles keep pictures of a scroll bar's parts for each palette, and Qt never forgets
+// their names.
+void RichTextControl::ApplyPaper() {
+  QPalette paper = palette();
+  paper.setColor(QPalette::All, QPalette::Base, m_backColor >= 0 ? ColourFromOle(m_backColor) : QColor(Qt::white));
+  viewport()->setPalette(paper);
 }
 
 // Every colour that shows beside text is set, so that none of them comes from the desktop's theme.
@@ -413,7 +421,7 @@ void RichTextControl::ApplyPalette() {
   const auto set = [&](QPalette::ColorRole role, const QColor& colour) {
     colours.setColor(QPalette::All, role, colour);
   };
-  set(QPalette::Base, m_backColor >= 0 ? ColourFromOle(m_backColor) : QColor(Qt::white));
+  set(QPalette::Base, Qt::white);
   set(QPalette::Text, Qt::black);
   set(QPalette::PlaceholderText, QColor(96, 96, 96));
   set(QPalette::Highlight, QColor(0, 92, 175));
@@ -423,6 +431,7 @@ void RichTextControl::ApplyPalette() {
   colours.setColor(QPalette::Inactive, QPalette::Highlight, QColor(184, 208, 232));
   colours.setColor(QPalette::Inactive, QPalette::HighlightedText, Qt::black);
   setPalette(colours);
+  ApplyPaper();
 }
 
 void RichTextControl::SetZoomValue(int percent) {

@@ -232,6 +232,7 @@ class RichTextControl : public QTextEdit {
   void ShowPages();
   void ShowLines();
   void ApplyPalette();
+  void ApplyPaper();
   void Paste();
   void Expect(const QString& text);
   void Expect(const RichText& text);

@@ -209,7 +209,7 @@ QAbstractTextDocumentLayout::PaintContext PageView::Context() const {
 void PageView::PaintSheet(QPainter& painter, int page) const {
   const QRectF sheet = SheetRect(page);
   painter.fillRect(sheet.translated(2, 2), QColor(0, 0, 0, 60));
-  painter.fillRect(sheet, m_control.palette().color(QPalette::Base));
+  painter.fillRect(sheet, m_control.viewport()->palette().color(QPalette::Base));
   painter.setPen(kSheetEdge);
   painter.drawRect(sheet.adjusted(-0.5, -0.5, 0.5, 0.5));
   painter.save();
