@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QMessageBox>
 
 namespace snipdeck {
 
@@ -59,6 +60,16 @@ QString OnlyChoice(const QFileDialog& dialog) {
   return chosen.isEmpty() ? QString() : QDir::toNativeSeparators(chosen.first());
 }
 
+// A name typed with its path may lead nowhere.
+bool IsInFolder(const QFileDialog& dialog) {
+  const QString folder = QFileInfo(OnlyChoice(dialog)).absolutePath();
+  if (QFileInfo(folder).isDir()) return true;
+  QMessageBox::warning(dialog.parentWidget(), dialog.windowTitle(),
+                       QFileDialog::tr("This folder does not exist:\n\n%1\n\nCheck the path and try again.")
+                           .arg(QDir::toNativeSeparators(folder)));
+  return false;
+}
+
 }  // namespace
 
 QString QtFileDialogs::OpenFile(const FileRequest& request) {
@@ -99,7 +110,11 @@ void QtFileDialogs::Prepare(QFileDialog& dialog, const FileRequest& request) {
 }
 
 QString QtFileDialogs::RunForFile(QFileDialog& dialog) {
-  if (dialog.exec() != QDialog::Accepted) return {};
+  do {
+    if (dialog.exec() != QDialog::Accepted) return {};
+  } while (!IsInFolder(dialog));
+  // With the question about an existing file two windows have gone at once, and some desktops then lose the third.
+  if (QWidget* const owner = dialog.parentWidget()) owner->activateWindow();
   m_lastName = OnlyChoice(dialog);
   return m_lastName;
 }
