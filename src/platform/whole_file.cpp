@@ -47,11 +47,12 @@ Outcome WriteWholeFile(const QString& path, QByteArrayView contents) {
 
 Result<QByteArray> ReadWholeFile(const QString& path) {
   const QFileInfo info(path);
-  if (!info.exists()) return Failure{Failure::Kind::NotFound, QStringLiteral("No such file or directory")};
+  if (path.isEmpty()) return Failure{Failure::Kind::NotFound, QStringLiteral("No file name specified")};
   // Opening a pipe would wait for somebody to write into it.
-  if (!info.isFile() && !info.isDir()) return NotAFile(info);
+  if (info.exists() && !info.isFile()) return NotAFile(info);
   QFile file(path);
-  if (!file.open(QIODevice::ReadOnly)) return FailureOf(file);
+  if (!file.open(QIODevice::ReadOnly))
+    return info.exists() ? FailureOf(file) : Failure{Failure::Kind::NotFound, file.errorString()};
   if (file.size() > kLargestFile) return Failure{Failure::Kind::TooLarge, QStringLiteral("The file is too large")};
   const QByteArray contents = file.readAll();
   if (file.error() != QFileDevice::NoError) return FailureOf(file);

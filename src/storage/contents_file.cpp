@@ -11,8 +11,10 @@ namespace {
 
 constexpr int kAsk = 1;
 
+// Also what cannot be read as one: the text tells the user then.
 bool IsFile(const QString& name) {
-  return !name.isEmpty() && QFileInfo(name).isFile();
+  const QFileInfo info(name);
+  return !name.isEmpty() && info.exists() && !info.isDir();
 }
 
 }  // namespace
