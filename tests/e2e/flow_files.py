@@ -2,6 +2,7 @@
 
 import os
 import subprocess
+import time
 
 from harness.accessible import Atspi
 from harness.conditions import wait_equal, wait_until
@@ -57,6 +58,28 @@ class Files(ProgramTest):
         self.wait_for_box(1, "kept bold text")
         self.wait_for_box(2, "")
         self.assertEqual(self.program.box(1).attributes_at(6).get("weight"), "bold")
+
+    def test_copies_made_while_a_file_is_loaded_come_after_it(self):
+        line = b"a line of a text that takes a while to load\\par\n"
+        with open(self._path("long.rtf"), "wb") as file:
+            file.write(b"{\\rtf1 " + line * 400_000 + b"}")
+        press("ctrl+y")
+        wait_until("the cumulative view", self.program.cumulative().is_shown)
+        press("ctrl+g")
+        self._wait_for_dialog("Load file into text")
+        press("alt+n")
+        subprocess.run(["xdotool", "type", "--clearmodifiers", self._path("long.rtf")], check=True, timeout=10)
+        press("Return")
+        wait_until("the dialog that shows how far the loading is",
+                   lambda: any(node.name() == "QM_Snipdeck" for node in self.program.tree.children()), 30)
+        copies = ["first copy", "second copy", "third copy"]
+        for text in copies:
+            copy(text)
+            time.sleep(0.1)
+        wait_until("the copies", lambda: self.program.texts()[:3] == copies, 60)
+        text = self.program.cumulative().text()
+        self.assertEqual(text.count("a line of a text"), 400_000)
+        self.assertTrue(text.endswith("to load" + "".join(text + "\n" for text in copies)), text[-80:])
 
     def test_texts_are_exported_appended_to_and_loaded(self):
         copy(b"{\\rtf1 some {\\b bold} text}", "text/rtf")

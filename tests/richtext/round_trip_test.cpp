@@ -3,6 +3,7 @@
 #include <QTextDocument>
 
 #include "richtext/document_compare.h"
+#include "richtext/document_flow.h"
 #include "richtext/html/html_writer.h"
 #include "richtext/random_document.h"
 #include "richtext/rich_text.h"
@@ -73,6 +74,12 @@ void RoundTripTest::Files() {
   const RichText second = RichText::FromRtf(first.Rtf(), ReadFor::Document);
   const QString difference = test::FirstDifference(first.Document(), second.Document());
   QVERIFY2(difference.isEmpty(), qPrintable(difference));
+  if (!IsPlainFlow(first.Document())) return;
+  DocumentFlow flow(first.Document());
+  QVERIFY(!flow.ReadPart());
+  const RichText third = RichText::FromFlow(flow.Take(), {});
+  const QString inFlow = test::FirstDifference(first.Document(), third.Document());
+  QVERIFY2(inFlow.isEmpty(), qPrintable(inFlow));
 }
 
 void RoundTripTest::HtmlKeepsTheText_data() {

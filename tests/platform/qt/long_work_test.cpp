@@ -54,6 +54,38 @@ class LongWorkTest : public QObject {
     QVERIFY(!Shown());
   }
 
+  void TurnsComeBeforeAndAfterTheThread() {
+    QStringList order;
+    const auto turn = [&](const QString& what, int count) {
+      return [&order, what, count]() mutable { return order.append(what), --count > 0; };
+    };
+    const auto work = [&](const LongWork::Step&) { order.append("work"); };
+    QVERIFY(QtLongWork().Run("Loading", work, {turn("before", 2), turn("after", 3)}));
+    QCOMPARE(order, QStringList({"before", "before", "work", "after", "after", "after"}));
+  }
+
+  void CancellingIsForWhatCanBeUndone_data() {
+    QTest::addColumn<bool>("isAfter");
+    QTest::newRow("before the work") << false;
+    QTest::newRow("after it") << true;
+  }
+  void CancellingIsForWhatCanBeUndone() {
+    QFETCH(bool, isAfter);
+    QTimer look;
+    int seen = 0;
+    connect(&look, &QTimer::timeout, this, [&] {
+      if (ProgressDialog* dialog = Shown()) ++seen, QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    look.start(20);
+    const LongWork::Turn slow = [&] { return QThread::msleep(5), seen < 10; };
+    bool isWorkDone = false;
+    const auto work = [&](const LongWork::Step&) { isWorkDone = true; };
+    const bool isWanted = QtLongWork().Run("Loading", work, isAfter ? LongWork::Turns{{}, slow} : LongWork::Turns{slow, {}});
+    QCOMPARE(isWanted, isAfter);
+    QCOMPARE(isWorkDone, isAfter);
+    QVERIFY(!isAfter || seen == 10);
+  }
+
   void CancellingEndsTheWork() {
     QTimer look;
     connect(&look, &QTimer::timeout, this, [] {
