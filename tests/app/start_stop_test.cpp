@@ -8,6 +8,7 @@
 #include "fakes/fake_clipboard.h"
 #include "fakes/fake_clipboard_writer.h"
 #include "fakes/scripted_messages.h"
+#include "fakes/work_at_once.h"
 #include "platform/qt/qt_window_geometry.h"
 #include "platform/whole_file.h"
 
