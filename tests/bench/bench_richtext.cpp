@@ -10,10 +10,10 @@
 
 #include <QFile>
 #include <QGuiApplication>
-#include <QRandomGenerator>
 #include <QTextCursor>
 #include <QTextDocument>
 
+#include "mixed_prose.h"
 #include "richtext/rich_text.h"
 #include "richtext/rtf/rtf_reader.h"
 #include "richtext/rtf/rtf_writer.h"
@@ -24,28 +24,6 @@ using namespace snipdeck;
 namespace {
 
 constexpr int kMegabyte = 1000 * 1000;
-constexpr quint32 kSeed = 20;
-
-/// Mixed prose of about `bytes` bytes: 400 bytes a paragraph, one run in seven formatted.
-QByteArray MixedProse(qsizetype bytes) {
-  static const QByteArrayList kWords = {"the",         "clipboard", "collects", "every", "text", "that",
-                                        "caf\\'e9",    "programs",  "copy",     "with",  "its",  "form",
-                                        "\\u8364?uro", "and",       "keeps",    "them"};
-  static const QByteArrayList kFormats = {"\\b ", "\\i ", "\\ul ", "\\cf1 ", "\\fs32 ", "\\f1 "};
-  QRandomGenerator random(kSeed);
-  QByteArray rtf =
-      "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0 Times New Roman;}{\\f1 Arial;}}{\\colortbl;\\red255;}\\fs24 ";
-  while (rtf.size() < bytes) {
-    const qsizetype start = rtf.size();
-    while (rtf.size() - start < 385) {
-      QByteArray run;
-      for (int i = 0; i < 8; ++i) run += kWords[random.bounded(16)] + ' ';
-      rtf += random.bounded(7) == 0 ? '{' + kFormats[random.bounded(6)] + run + '}' : run;
-    }
-    rtf += "\\par\n";
-  }
-  return rtf + '}';
-}
 
 /// Processor milliseconds; the best of three runs.
 double Milliseconds(const std::function<void()>& work, int runs = 3) {
