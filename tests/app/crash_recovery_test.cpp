@@ -1,8 +1,5 @@
 #include "app/crash_recovery.h"
 
-#include <csignal>
-#include <sys/resource.h>
-
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QLabel>
@@ -11,22 +8,15 @@
 #include <QTest>
 #include <QTextCursor>
 
-#include "capture/clipboard_capture.h"
-#include "fakes/fake_clipboard.h"
-#include "fakes/scripted_messages.h"
+#include "capture/capturing_boxes.h"
+#include "fakes/file_size_limit.h"
 
 namespace snipdeck {
 
 namespace {
 
 /// One run of the program, as far as its boxes go.
-struct Run {
-  QWidget window;
-  ScriptedMessages messages;
-  BoxSet& boxes = *new BoxSet(window, messages);
-  FakeClipboard clipboard;
-  std::int16_t captureAlways = 1;
-  ClipboardCapture capture{boxes, clipboard, captureAlways};
+struct Run : CapturingBoxes {
   CrashRecovery recovery;
 
   explicit Run(const QString& path) : recovery(boxes, clipboard, path) {
@@ -47,21 +37,6 @@ struct Run {
 QByteArray RtfOf(const RichTextControl& control) {
   return RichText::FromRtf(RichText::FromDocument(*control.document()).Rtf()).Rtf();
 }
-
-/// No file grows beyond so many bytes while this lives, as on a full disk.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(qint64 bytes) {
-    std::signal(SIGXFSZ, SIG_IGN);
-    getrlimit(RLIMIT_FSIZE, &m_before);
-    const rlimit limit{static_cast<rlim_t>(bytes), m_before.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &m_before); }
-
- private:
-  rlimit m_before{};
-};
 
 void EditAtRandom(QTextDocument& document, QRandomGenerator& random) {
   QTextCursor cursor(&document);
@@ -172,10 +147,19 @@ class CrashRecoveryTest : public QObject {
       QTextCursor late(&document);
       late.movePosition(QTextCursor::End);
       late.insertText("typed late\n");
+      QTextCursor(run.boxes.Box(2).document()).insertText("replaced by the next copy");
       run.Copy("another");
+      run.Copy("one more");
+      QTextCursor(&document).insertText("typed between copies");
+      run.Copy("the last");
+      run.recovery.Flush();
       expected = RtfOf(run.Cumulative());
     }
-    QVERIFY(RtfOf(Run(m_path).Cumulative()) == expected);
+    Run again(m_path);
+    QVERIFY(RtfOf(again.Cumulative()) == expected);
+    QCOMPARE(again.boxes.CapturedRtf[2].PlainText(), QString("another"));
+    QCOMPARE(again.boxes.CapturedRtf[4].PlainText(), QString("the last"));
+    QCOMPARE(again.boxes.CurrentBox, std::int16_t{4});
   }
 
   void ManyCopiesAndEditsComeBackInTheirOrder() {

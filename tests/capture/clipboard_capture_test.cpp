@@ -1,27 +1,17 @@
-#include "capture/clipboard_capture.h"
-
 #include <QLabel>
 #include <QTest>
 #include <QTextBlock>
 
+#include "capture/capturing_boxes.h"
 #include "capture/combined_views.h"
-#include "fakes/fake_clipboard.h"
-#include "fakes/scripted_messages.h"
 
 namespace snipdeck {
 
 class ClipboardCaptureTest : public QObject {
   Q_OBJECT
 
-  struct Fixture {
-    QWidget window;
-    ScriptedMessages messages;
-    BoxSet& boxes = *new BoxSet(window, messages);
-    FakeClipboard clipboard;
-    std::int16_t startWithCumulative = 0;
-    ClipboardCapture capture{boxes, clipboard, startWithCumulative};
-
-    Fixture() {
+  struct Fixture : CapturingBoxes {
+    Fixture() : CapturingBoxes(0) {
       window.show();
       QVERIFY(QTest::qWaitForWindowExposed(&window));
     }

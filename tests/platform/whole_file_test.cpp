@@ -1,33 +1,15 @@
 #include "platform/whole_file.h"
 
 #include <cerrno>
-#include <csignal>
-#include <sys/resource.h>
+#include <sys/stat.h>
 
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "fakes/file_size_limit.h"
+
 namespace snipdeck {
-
-namespace {
-
-/// No file may grow beyond so many bytes while this lives: the system itself refuses, as a full disk does.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(rlim_t bytes) {
-    std::signal(SIGXFSZ, SIG_IGN);
-    getrlimit(RLIMIT_FSIZE, &m_before);
-    const rlimit limit{bytes, m_before.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FileSizeLimit() { setrlimit(RLIMIT_FSIZE, &m_before); }
-
- private:
-  rlimit m_before{};
-};
-
-}  // namespace
 
 class WholeFileTest : public QObject {
   Q_OBJECT
@@ -70,12 +52,42 @@ class WholeFileTest : public QObject {
     QVERIFY(!written && written.Error().text == qt_error_string(EFBIG));
   }
 
+  void WhatCannotBeWrittenOrReadIsTold_data() {
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("notRead");     // empty where it can be
+    QTest::addColumn<QString>("notWritten");
+    const QString noFile = qt_error_string(ENOENT);
+    const QString tooLong = qt_error_string(ENAMETOOLONG);
+    const QString loops = qt_error_string(ELOOP);
+    QTest::newRow("no name") << QString() << "No file name specified" << noFile;
+    QTest::newRow("no such folder") << m_folder.filePath("none/file") << noFile << noFile;
+    QTest::newRow("a directory") << m_folder.path() << "Is a directory" << "Is a directory";
+    QTest::newRow("below a file") << m_path + "/file" << qt_error_string(ENOTDIR) << qt_error_string(ENOTDIR);
+    QTest::newRow("a pipe") << m_folder.filePath("pipe") << "Not a file" << "Not a file";
+    QTest::newRow("a device") << "/dev/zero" << "Not a file" << "Not a file";
+    QTest::newRow("a name too long") << m_folder.filePath(QString(300, 'n')) << tooLong << tooLong;
+    QTest::newRow("links in a circle") << m_folder.filePath("circle") << loops << QString();
+  }
+  // A pipe must not be waited for, and nothing may be put in the place of what is no file.
   void WhatCannotBeWrittenOrReadIsTold() {
-    QVERIFY(!WriteWholeFile(m_folder.filePath("no such folder/file"), "x"));
-    QVERIFY(!WriteWholeFile(QString(), "x"));
-    const auto missing = ReadWholeFile(m_folder.filePath("missing"));
-    QVERIFY(!missing && missing.Error().kind == Failure::Kind::NotFound);
-    QVERIFY(!ReadWholeFile(m_folder.path()));
+    mkfifo(qPrintable(m_folder.filePath("pipe")), 0600);
+    QFile::link("circle", m_folder.filePath("circle"));
+    QFETCH(QString, path);
+    const auto read = ReadWholeFile(path);
+    QTEST(read ? QString() : read.Error().text, "notRead");
+    const Outcome written = WriteWholeFile(path, "x");
+    QTEST(written ? QString() : written.Error().text, "notWritten");
+    QVERIFY(!QFileInfo(m_folder.filePath("pipe")).isFile());
+  }
+
+  void FilesThatTellNoSizeAreReadWhole() { QVERIFY(ReadWholeFile("/proc/self/status").Value().contains("Threads")); }
+
+  void ALinkGoesOnLeadingToItsFile() {
+    const QString link = m_folder.filePath("link");
+    QVERIFY(QFile::link(m_path, link));
+    QVERIFY(WriteWholeFile(link, "new"));
+    QCOMPARE(Contents(), QByteArray("new"));
+    QVERIFY(QFileInfo(link).isSymLink());
   }
 
   void DeletingIsQuiet() {
