@@ -163,6 +163,23 @@ class FileCommandsTest : public QObject {
     stage.window.mnuSaveText_Click();
   }
 
+  void CopiesWaitWhileAFileIsReadOrWritten() {
+    Stage stage;
+    QStringList works;
+    stage.longWork.meanwhile = [&] { works.append(stage.watch.isHeld ? "held" : "not held"); };
+    stage.File("QM_Snipdeck_Text_07.rtf", "{\\rtf1 seven}");
+    stage.window.mnuLoadBoxes_Click();
+    QCOMPARE(stage.boxes.Box(7).Text(), QString("seven"));
+    stage.window.mnuCumulative_Click();
+    stage.dialogs.ExpectOpen(Stage::OpenRequest("Load file into text", "Snipdeck_Contents.rtf"),
+                             stage.File("a.txt", "loaded"));
+    stage.window.mnuIntoClipboard_Click();
+    stage.ExpectSave("Save cumulative clipboard text to file", "Snipdeck_CumulativeContents.rtf", stage.Path("c.rtf"));
+    stage.window.mnuSaveText_Click();
+    QCOMPARE(works, QStringList({"held", "held", "held"}));
+    QVERIFY(!stage.watch.isHeld);
+  }
+
   void TextIsAppended_data() {
     QTest::addColumn<QByteArray>("file");
     QTest::addColumn<QString>("name");
