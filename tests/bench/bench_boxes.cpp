@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <ctime>
 #include <functional>
 #include <vector>
 
@@ -12,6 +11,7 @@
 #include <QTest>
 
 #include "app/main_window_stage.h"
+#include "bench/cpu_clock.h"
 
 using namespace snipdeck;
 
@@ -29,13 +29,6 @@ QByteArray Rtf(int bytes) {
            "enough to wrap in a box of ordinary width.\\par ";
   }
   return rtf + "}";
-}
-
-/// Of this thread alone: other programs on the machine do not count.
-double CpuMilliseconds() {
-  timespec now{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-  return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
 }
 
 /// Until the window shows what `work` did.

@@ -3,12 +3,12 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <ctime>
 #include <vector>
 
 #include <QApplication>
 
 #include "app/main_window_stage.h"
+#include "bench/cpu_clock.h"
 
 using namespace snipdeck;
 
@@ -24,13 +24,6 @@ RichText FullBox(int paragraphs) {
            "enough to wrap in a box of ordinary width.\\par ";
   }
   return RichText::FromRtf(rtf + "}");
-}
-
-/// Of this thread alone: other programs on the machine do not count.
-double CpuMilliseconds() {
-  timespec now{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-  return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
 }
 
 void Print(const char* what, std::vector<double> milliseconds) {

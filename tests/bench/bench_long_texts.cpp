@@ -3,7 +3,6 @@
 /// disturb little. Prints for each step the longest turn of the event loop; exit status 1 where one takes over 250 ms.
 
 #include <cstdio>
-#include <ctime>
 #include <functional>
 
 #include <QApplication>
@@ -14,7 +13,8 @@
 
 #include "app/crash_recovery.h"
 #include "app/main_window_stage.h"
-#include "capture/clipboard_capture.h"
+#include "bench/cpu_clock.h"
+#include "capture/capturing_boxes.h"
 
 using namespace snipdeck;
 
@@ -22,12 +22,6 @@ namespace {
 
 constexpr double kMark = 250;  // milliseconds
 bool g_missed = false;
-
-double CpuMilliseconds() {
-  timespec now{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &now);
-  return static_cast<double>(now.tv_sec) * 1e3 + static_cast<double>(now.tv_nsec) / 1e6;
-}
 
 double Timed(const std::function<void()>& work) {
   const double begin = CpuMilliseconds();
@@ -109,13 +103,7 @@ void BenchCumulative(const QString& text) {
 }
 
 /// The texts of one run of the program.
-struct Run {
-  QWidget window;
-  ScriptedMessages messages;
-  BoxSet& boxes = *new BoxSet(window, messages);
-  FakeClipboard clipboard;
-  std::int16_t captureAlways = 1;
-  ClipboardCapture capture{boxes, clipboard, captureAlways};
+struct Run : CapturingBoxes {
   CrashRecovery recovery;
 
   explicit Run(const QString& path) : recovery(boxes, clipboard, path) {}
