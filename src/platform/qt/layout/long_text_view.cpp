@@ -110,6 +110,11 @@ LongTextView::Anchor LongTextView::FindAnchor() const {
     return at(block, static_cast<int>(y));
   }
   const int bottom = top + m_control.viewport()->height();
+  // The caret stays where it is seen, whatever becomes of the paragraphs above it.
+  const QTextBlock caret = m_control.textCursor().block();
+  const int caretTop = m_layout->TopOf(caret);
+  if (m_layout->IsPlaced(caret) && caretTop < bottom && caretTop + m_layout->HeightOf(caret) > top)
+    return at(caret, caretTop);
   const QTextBlock first = m_layout->BlockAt(top);
   for (QTextBlock block = first; block.isValid() && m_layout->TopOf(block) < bottom; block = block.next()) {
     if (m_layout->IsPlaced(block)) return at(block, m_layout->TopOf(block));
