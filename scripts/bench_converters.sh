@@ -28,7 +28,7 @@ compare() {
   awk -v name="$name" -v ours="$ours" -v theirs="$theirs" -v mark=$mark 'BEGIN {
     ratio = theirs / ours
     printf "  10 MB of RTF to text: %s %s s, %.1f times as long (mark: %d or more)%s\n",
-           name, theirs, ratio, mark, ratio >= mark ? "" : "  MISSED"
+           name, theirs, ratio, mark, (ratio >= mark ? "" : "  MISSED")
     exit ratio < mark }' || code=1
 }
 if command -v soffice >/dev/null; then
