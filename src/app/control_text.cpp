@@ -58,6 +58,8 @@ void ControlText::SelectAll() {
 
 void ControlText::MoveCaretToEnd() {
   m_control.SetSelStart(std::numeric_limits<int>::max());
+  // The keyboard may still be with a dialog.
+  if (m_control.isVisible()) m_control.ensureCursorVisible();
 }
 
 std::unique_ptr<FileText> MakeScratchText(MessageBox& messages, LongWork& longWork) {

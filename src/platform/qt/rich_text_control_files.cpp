@@ -101,6 +101,18 @@ bool NamesItsPage(const QTextDocument& document) {
   return true;
 }
 
+/// What the attributes say of the page; false where they say nothing.
+bool TakeAttributes(const RichTextControl& control, PageGeometry& page) {
+  int* const values[kPageAttributes] = {&page.width, &page.height, &page.left, &page.top, &page.right, &page.bottom};
+  bool isSet = false;
+  for (int i = 0; i < kPageAttributes; ++i) {
+    if (control.LoadSaveAttribute(i) <= 0) continue;
+    *values[i] = control.LoadSaveAttribute(i);
+    isSet = true;
+  }
+  return isSet;
+}
+
 }  // namespace
 
 int RichTextControl::LoadSaveAttribute(int index) const {
@@ -134,12 +146,14 @@ Outcome RichTextControl::LoadFile(const QString& path, int, FileFormat format) {
   return text.Error();
 }
 
-// No step of undo leads back to the text before it.
+// No step of undo leads back to the text before it. Another page places every line anew, so it is set while there are none.
 void RichTextControl::BeginLoaded(const RichText& text) {
-  const QTextFrameFormat page = text.Page();
-  for (int i = 0; i < kPageAttributes; ++i) SetLoadSaveAttribute(i, page.intProperty(PageProperty(i)));
+  const QTextFrameFormat named = text.Page();
+  for (int i = 0; i < kPageAttributes; ++i) SetLoadSaveAttribute(i, named.intProperty(PageProperty(i)));
+  PageGeometry page = Page();
   SetText(QString());
   QTextEdit::document()->setUndoRedoEnabled(false);
+  if (TakeAttributes(*this, page)) SetPage(page);
   SetSelRichText(text);
   setTextCursor(QTextCursor(QTextEdit::document()));
   QTextEdit::document()->setUndoRedoEnabled(true);
@@ -150,13 +164,7 @@ void RichTextControl::BeginLoaded(const RichText& text) {
 std::optional<PageGeometry> RichTextControl::PageToSave() const {
   const QTextDocument& content = *document();
   PageGeometry page = PageOf(content);
-  int* const values[kPageAttributes] = {&page.width, &page.height, &page.left, &page.top, &page.right, &page.bottom};
-  bool isSet = false;
-  for (int i = 0; i < kPageAttributes; ++i) {
-    if (LoadSaveAttribute(i) <= 0) continue;
-    *values[i] = LoadSaveAttribute(i);
-    isSet = true;
-  }
+  const bool isSet = TakeAttributes(*this, page);
   if (!isSet || (page == PageOf(content) && NamesItsPage(content))) return {};
   return page;
 }
