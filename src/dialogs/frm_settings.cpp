@@ -159,6 +159,7 @@ void frmSettings::chkStartWithCumulativeBox_Click(bool checked) {
   if (!checked) {
     boxes.Frame2->hide();
     boxes.ShowAllBoxes();
+    boxes.FocusText();
     return;
   }
   boxes.HideAllBoxes();

@@ -1,6 +1,7 @@
 #include "editor/frm_rtf_htm.h"
 
 #include <cmath>
+#include <utility>
 
 #include <QCloseEvent>
 #include <QEventLoop>
@@ -16,6 +17,7 @@
 #include "editor/typing_filter.h"
 #include "layout/keep_on_screen.h"
 #include "platform/qt/button_bar.h"
+#include "platform/qt/normal_state.h"
 #include "platform/qt/rich_text_control.h"
 #include "platform/qt/ruler.h"
 #include "platform/qt/status_bar.h"
@@ -105,7 +107,8 @@ void frm_RTF_HTM::Form_Load(const std::function<void()>& start) {
 
 void frm_RTF_HTM::PlaceAsSaved() {
   const Settings& saved = m_services.settings;
-  if (saved.editorWidth <= 0 || saved.editorHeight <= 0) return mnuCentreOnScreen_Click();
+  m_centresWhenActive = saved.editorWidth <= 0 || saved.editorHeight <= 0;
+  if (m_centresWhenActive) return mnuCentreOnScreen_Click();
   m_geometry.SetLeft(saved.editorLeft);
   m_geometry.SetTop(saved.editorTop);
   m_geometry.SetWidth(saved.editorWidth);
@@ -149,7 +152,11 @@ void frm_RTF_HTM::closeEvent(QCloseEvent* event) {
 
 void frm_RTF_HTM::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
-  if (event->type() == QEvent::ActivationChange && isActiveWindow()) m_geometry.FitFrame();
+  if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+    m_geometry.FitFrame();
+    // Before, the sizes of the frames were not known.
+    if (std::exchange(m_centresWhenActive, false)) mnuCentreOnScreen_Click();
+  }
 }
 
 void frm_RTF_HTM::resizeEvent(QResizeEvent* event) {
@@ -228,7 +235,7 @@ void frm_RTF_HTM::mnuEdit_Bullets_Click() {
 }
 
 void frm_RTF_HTM::mnuCentreOnScreen_Click() {
-  if (isMaximized()) showNormal();
+  if (isMaximized()) BringToNormalState(*this);
   const WindowGeometry& main = m_services.mainWindow;
   const TwipRect place = CentredOver({main.Left(), main.Top(), main.Width(), main.Height()});
   m_geometry.SetHeight(place.height);

@@ -112,6 +112,7 @@ class frm_RTF_HTM : public QMainWindow {
   EditorDocument* m_document;
   QtWindowGeometry m_geometry;
   QEventLoop* m_shown = nullptr;
+  bool m_centresWhenActive = false;
   bool m_isEnding = false;
 };
 

@@ -77,10 +77,20 @@ Result<RichText> ReadFlow(const QByteArray& bytes, const FileProgress& progress)
 }
 
 // The format of older word processors goes through the newer one.
+/// The text of a Word file begins in its first sector, with a head that tells of encryption (bit 8 of the flags).
+bool IsEncryptedDoc(const QByteArray& bytes) {
+  constexpr qsizetype kHead = 512, kFlags = kHead + 10;
+  constexpr QByteArrayView kHeadBegins("\xEC\xA5");
+  return bytes.size() > kFlags + 1 && QByteArrayView(bytes).sliced(kHead).startsWith(kHeadBegins) &&
+         (bytes[kFlags + 1] & 1) != 0;
+}
+
 Result<RichText> ReadDocFile(const QByteArray& bytes, const FileProgress& progress) {
   constexpr QByteArrayView kCompoundFile("\xD0\xCF\x11\xE0");
   if (!bytes.startsWith(kCompoundFile))
     return Failure{Failure::Kind::Malformed, QStringLiteral("The file is damaged, or not a Word document.")};
+  if (IsEncryptedDoc(bytes))
+    return Failure{Failure::Kind::Refused, QStringLiteral("The file is protected by a password.")};
   const Result<QByteArray> docx = ConvertWithOffice(bytes, QStringLiteral("doc"), QStringLiteral("docx"), progress);
   if (!docx) return docx.Error();
   return ReadFlow<ReadDocx>(docx.Value(), progress);

@@ -55,8 +55,14 @@ void TextExport::AppendToFile() {
   if (!name.isEmpty() && QFileInfo(name).isFile()) AppendTo(name);
 }
 
-void TextExport::AppendTo(const QString& name) {
+// A style sheet is written from the formats of a text, so that its own text would be lost.
+FileFormat TextExport::AppendFormatFor(const QString& name) {
   const FileFormat format = SaveFormatForName(name);
+  return format == FileFormat::Css ? FileFormat::PlainText : format;
+}
+
+void TextExport::AppendTo(const QString& name) {
+  const FileFormat format = AppendFormatFor(name);
   const std::unique_ptr<FileText> file = m_texts.makeScratch();
   // What could not be read would be lost by writing the file anew.
   if (!file->LoadFile(name, format)) return;

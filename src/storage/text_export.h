@@ -36,6 +36,7 @@ class TextExport {
   void SaveCumulative();
 
  private:
+  static FileFormat AppendFormatFor(const QString& name);
   void AppendTo(const QString& name);
   bool AskForStart(const QString& name, bool& toStart);
   void Save(FileText& text, const QString& title, QString& name);

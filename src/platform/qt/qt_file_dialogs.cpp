@@ -70,10 +70,24 @@ bool IsInFolder(const QFileDialog& dialog) {
   return false;
 }
 
+/// Adds the usual ending to a name without one only where there is no file of just that name.
+class OpenDialog : public QFileDialog {
+ public:
+  using QFileDialog::QFileDialog;
+
+  void accept() override {
+    const QString usual = defaultSuffix();
+    setDefaultSuffix(QString());
+    if (!QFileInfo::exists(OnlyChoice(*this))) setDefaultSuffix(usual);
+    QFileDialog::accept();
+    if (result() != Accepted) setDefaultSuffix(usual);
+  }
+};
+
 }  // namespace
 
 QString QtFileDialogs::OpenFile(const FileRequest& request) {
-  QFileDialog dialog(QApplication::activeWindow());
+  OpenDialog dialog(QApplication::activeWindow());
   dialog.setFileMode(QFileDialog::ExistingFile);
   Prepare(dialog, request);
   return RunForFile(dialog);

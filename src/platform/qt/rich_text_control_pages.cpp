@@ -40,6 +40,10 @@ void RichTextControl::ShowPages() {
   const QTextCursor top = cursorForPosition(QPoint(0, 0));
   const PageView::Anchor anchor{top.position(), cursorRect(top).top() * 100.0 / m_zoomValue};
   const bool caretIsSeen = viewport()->rect().intersects(cursorRect());
+  const LineScroll before = m_lineScroll;
+  const bool isUntouched =
+      before.inPages > 0 && before == LineScroll{verticalScrollBar()->value(), before.inPages, document()->revision(),
+                                                 m_zoomValue};
   m_lineScroll = {verticalScrollBar()->value(), -1, document()->revision(), m_zoomValue};
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -47,11 +51,12 @@ void RichTextControl::ShowPages() {
   m_pageView = std::make_unique<PageView>(*this);
   if (!fromStart) m_pageView->ScrollTo(anchor);
   if (caretIsSeen) m_pageView->ScrollToCaret();
+  if (isUntouched) m_pageView->verticalScrollBar()->setValue(before.inPages);
   m_lineScroll.inPages = m_pageView->verticalScrollBar()->value();
   connect(m_pageView.get(), &PageView::Moved, this, &RichTextControl::ViewChanged);
 }
 
-// Where nothing happened in page view, the view goes back to where it was to the pixel.
+// Where nothing happened in one view, the other one goes back to where it was to the pixel.
 void RichTextControl::ShowLines() {
   const LineScroll now{m_lineScroll.value, m_pageView->verticalScrollBar()->value(), document()->revision(),
                        m_zoomValue};
@@ -63,11 +68,13 @@ void RichTextControl::ShowLines() {
   m_longText->AllowLong(true);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  const int linesBefore = m_lineScroll.value;
   const auto restore = [=, this] {
     if (m_pageView) return;
     PlaceLines();
     ScrollLineTo(anchor.position, anchor.offset * m_zoomValue / 100.0);
-    if (isUntouched || atStart) verticalScrollBar()->setValue(isUntouched ? m_lineScroll.value : 0);
+    if (isUntouched || atStart) verticalScrollBar()->setValue(isUntouched ? linesBefore : 0);
+    m_lineScroll = {verticalScrollBar()->value(), now.inPages, document()->revision(), m_zoomValue};
   };
   restore();
   // Again once the control has the place that its host gives it for this view.
