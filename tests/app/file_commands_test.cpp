@@ -191,6 +191,7 @@ class FileCommandsTest : public QObject {
     QTest::newRow("selection") << QByteArray("old") << "a.txt" << 4 << MessageAnswer::No << end + "some\n";
     QTest::newRow("to the start") << QByteArray("old") << "a.txt" << 0 << MessageAnswer::Yes << "\nsome bold text\nold";
     QTest::newRow("cancelled") << QByteArray("old") << "a.txt" << 0 << MessageAnswer::Cancel << "old";
+    QTest::newRow("style sheet") << QByteArray("old") << "a.css" << 0 << MessageAnswer::No << end + "some bold text\n";
     QTest::newRow("RTF") << QByteArray("{\\rtf1 {\\i old}}") << "a.rtf" << 0 << MessageAnswer::No
                          << end + "some bold text\n";
   }

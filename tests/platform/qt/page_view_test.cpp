@@ -157,6 +157,13 @@ class PageViewTest : public QObject {
       f.control.SetViewMode(0);
       QCOMPARE(f.control.verticalScrollBar()->value(), scrolled);
     }
+    f.control.SetViewMode(2);
+    f.Scroll().setValue(700);
+    f.control.SetViewMode(0);
+    QCoreApplication::processEvents();
+    f.control.SetViewMode(2);
+    QCOMPARE(f.Scroll().value(), 700);
+    f.control.SetViewMode(0);
     QCOMPARE(f.control.textCursor().position(), caret);
     QCOMPARE(changes.size(), 0);
     f.control.undo();
