@@ -76,6 +76,11 @@ void HtmlTest::Text_data() {
   QTest::newRow("paragraphs without ends") << QByteArray("<p>a<p>b<ul><li>c<li>d</ul>") << "a\nb\nc\nd";
   QTest::newRow("a break at the end") << QByteArray("<p>a<br></p><p>b<br>c</p>") << "a\nb\nc";
   QTest::newRow("an empty paragraph") << QByteArray("<p>a</p><p><br></p><p>b</p>") << "a\n\nb";
+  QTest::newRow("a break between blocks") << QByteArray("<div><p>a</p><br></div>b<br><h1>c</h1>") << "a\n\nb\nc";
+  QTest::newRow("blanks between blocks") << QByteArray(
+                                                "<h1>a</h1>\n <p>\n <b>b</b> <i>c</i>\n </p>\n<table>\n <tr>\n "
+                                                "<td> d </td> </tr></table>\n<pre>  <b>e</b>  </pre>")
+                                         << "a\nb c\nd \n  e  ";
   QTest::newRow("lonely brackets") << QByteArray("<p>1 < 2 &amp; 3 > 2 <3</p>") << "1 < 2 & 3 > 2 <3";
   QTest::newRow("forbidden numbers") << QByteArray("<p>a&#0;&#x1b;&#xFDD0;b&#65;&#x10FFFF;</p>")
                                      << QString("abA") + QString::fromUcs4(U"\U0010FFFF");

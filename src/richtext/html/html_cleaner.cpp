@@ -32,7 +32,20 @@ struct OpenElement {
   double fontSize = kDefaultPoints;
   int items = 0;  ///< Of a list, since it was begun or went on as another one.
   int next = 1;   ///< The number of its next item.
+  bool keepsBlanks = false;
 };
+
+/// Hard spaces, as characters or by name, are text.
+bool IsBlank(QStringView text) {
+  return std::all_of(text.begin(), text.end(), [](QChar one) { return QStringView(u" \t\r\n\f").contains(one); });
+}
+
+/// What an element with these attributes does with blanks, in a surrounding that keeps them or not.
+bool KeepsBlanks(const QString& attributes, bool surrounding) {
+  const QLatin1String property("white-space:");
+  const qsizetype at = attributes.lastIndexOf(property);
+  return at < 0 ? surrounding : QStringView(attributes).mid(at + property.size()).startsWith(u"pre");
+}
 
 bool IsCell(const QString& name) {
   return name == QLatin1String("td") || name == QLatin1String("th");
@@ -54,6 +67,7 @@ class Cleaner {
     m_outside = false;
     for (const OpenElement& element : std::as_const(m_open)) Write(element.startTag);
     Feed(html.mid(payload.begin, payload.end - payload.begin));
+    m_blankAt = -1;
     CloseDownTo(0);
     Tell(m_depthCut, "elements nested too deep");
     Tell(m_elementsCut, "elements beyond the limit");
@@ -92,18 +106,36 @@ class Cleaner {
 
   void Text(QStringView text) {
     if (m_inHead) return;
-    if (!text.trimmed().isEmpty()) Content();
+    if (!IsBlank(text) || (!m_open.isEmpty() && m_open.last().keepsBlanks)) {
+      Content();
+    } else if (!m_sheetKeepsBlanks) {
+      return Blank();
+    }
     Write(WithoutForbiddenEntities(text).replace(u'<', QLatin1String("&lt;")));
+  }
+
+  /// Blanks and line ends between elements part words; at the start and at the end of a block they show nothing.
+  void Blank() {
+    if (!m_hasContent || m_outside) return;
+    m_blankAt = m_clean.html.size();
+    Write(QStringLiteral(" "));
+  }
+
+  void DropBlank() {
+    if (m_blankAt >= 0) m_clean.html.remove(m_blankAt, 1);
+    m_blankAt = -1;
   }
 
   void Content() {
     m_hasContent = true;
     m_lastBreak = -1;
+    m_blankAt = -1;
   }
 
   void StartTag(const HtmlToken& token, HtmlTokenizer& tokenizer) {
     if (token.name == QLatin1String("style")) {
       m_sheet += FilterStyleSheet(tokenizer.RawText(token.name), kMaxRules - static_cast<int>(m_sheet.count(u'{')));
+      m_sheetKeepsBlanks = m_sheet.contains(QLatin1String("white-space:pre"));
       return;
     }
     const HtmlElement element = ElementNamed(token.name);
@@ -122,12 +154,14 @@ class Cleaner {
   void Break() {
     m_lastBreak = m_clean.html.size();
     m_breakHadContent = m_hasContent;
+    m_blankAt = -1;
     Write(QStringLiteral("<br>"));
     m_hasContent = true;
   }
 
   void Rule() {
     CloseImplied(QStringLiteral("div"));
+    EndLine();
     StartBlock();
     Write(QStringLiteral("<hr>"));
   }
@@ -146,6 +180,7 @@ class Cleaner {
   }
 
   void StartBlock() {
+    DropBlank();
     m_hasContent = false;
     m_lastBreak = -1;
   }
@@ -162,6 +197,7 @@ class Cleaner {
       ++m_elementsCut;
       return;
     }
+    if (token.name == QLatin1String("table") || (element.isBlock && !IsPartOfTable(token.name))) EndLine();
     if (element.isBlock) StartBlock();
     if (token.name == QLatin1String("li")) StartItem(ValueOf(token, "value"));
     Push(token, IsTooMany(token) ? ElementNamed(QStringLiteral("div")) : element);
@@ -249,8 +285,10 @@ class Cleaner {
 
   void Push(const HtmlToken& token, const HtmlElement& element) {
     OpenElement open{token.name, {}, {}, m_open.isEmpty() ? kDefaultPoints : m_open.last().fontSize};
+    const bool surrounding = !m_open.isEmpty() && m_open.last().keepsBlanks;
     QString attributes = KeptAttributes(token, open.fontSize);
     if (IsCell(token.name)) attributes += Spans(token);
+    open.keepsBlanks = KeepsBlanks(attributes, surrounding || QLatin1String(element.as) == QLatin1String("pre"));
     open.startTag = QLatin1Char('<') + QLatin1String(element.as) + attributes + u'>';
     open.endTag = QLatin1String("</") + QLatin1String(element.as) + u'>';
     if (token.name == QLatin1String("table")) {
@@ -302,11 +340,24 @@ class Cleaner {
 
   /// A line break at the end of a paragraph shows nothing; alone in one, it says that the paragraph is empty.
   void EndBlock() {
-    if (m_lastBreak >= 0 && !m_outside) {
+    DropBlank();
+    if (m_blockTagEnd > 0 && m_lastBreak >= 0 && !m_breakHadContent && !m_outside) {
       m_clean.html.remove(m_lastBreak, 4);
-      if (!m_breakHadContent && m_blockTagEnd > 0 && m_blockTagEnd < m_lastBreak) MarkEmpty();
+      MarkEmpty();
+    } else {
+      EndLine();
     }
     StartBlock();
+    m_blockTagEnd = 0;
+  }
+
+  /// Between blocks, a line break ends the text in front of it, or is an empty paragraph of its own.
+  void EndLine() {
+    DropBlank();
+    if (m_lastBreak < 0 || m_outside) return;
+    const QLatin1String empty("<div style=\"-qt-paragraph-type:empty;\"></div>");
+    m_clean.html.replace(m_lastBreak, 4, m_breakHadContent ? QLatin1String() : empty);
+    m_lastBreak = -1;
   }
 
   void MarkEmpty() {
@@ -325,8 +376,10 @@ class Cleaner {
   bool m_inHead = false;
   bool m_hasContent = false;  ///< since the last start or end of a block
   bool m_breakHadContent = false;
-  qsizetype m_lastBreak = -1;  ///< where a line break stands that nothing follows yet
-  qsizetype m_blockTagEnd = 0;
+  qsizetype m_lastBreak = -1;   ///< where a line break stands that nothing follows yet
+  qsizetype m_blankAt = -1;     ///< where a blank stands that nothing follows yet
+  qsizetype m_blockTagEnd = 0;  ///< of the block that was begun last; 0 where one ended since
+  bool m_sheetKeepsBlanks = false;
   int m_tables = 0;
   int m_elements = 0;
   int m_listItems = 0;

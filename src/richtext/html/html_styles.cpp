@@ -59,6 +59,8 @@ void Decoration(QString& css, const QTextCharFormat& format) {
     Declare(
         css, "text-decoration",
         underlined && format.fontStrikeOut() ? "underline line-through" : (underlined ? "underline" : "line-through"));
+  } else if (format.isAnchor()) {
+    Declare(css, "text-decoration", "none");
   }
   if (format.verticalAlignment() == QTextCharFormat::AlignSuperScript) Declare(css, "vertical-align", "super");
   if (format.verticalAlignment() == QTextCharFormat::AlignSubScript) Declare(css, "vertical-align", "sub");
@@ -118,6 +120,27 @@ QString CssForParagraph(const QTextBlockFormat& format) {
   if (format.pageBreakPolicy() & QTextFormat::PageBreak_AlwaysBefore) Declare(css, "page-break-before", "always");
   if (IsVisible(format.background())) Declare(css, "background-color", format.background().color().name());
   Borders(css, format);
+  return css;
+}
+
+QString CssForCell(const QTextTableCellFormat& format) {
+  constexpr std::array<const char*, 4> kSides = {"top", "bottom", "left", "right"};  // as Qt counts them
+  QString css;
+  for (int side = 0; side < 4; ++side) {
+    const QByteArray name = kSides[static_cast<std::size_t>(side)];
+    const int width = QTextFormat::TableCellTopBorder + side;
+    if (format.hasProperty(width)) {
+      const auto style =
+          static_cast<QTextFrameFormat::BorderStyle>(format.intProperty(QTextFormat::TableCellTopBorderStyle + side));
+      QString value = Pixels(format.doubleProperty(width)) + u' ' + QLatin1String(CssOfLine(style));
+      const QBrush brush = format.brushProperty(QTextFormat::TableCellTopBorderBrush + side);
+      if (IsVisible(brush)) value += u' ' + brush.color().name();
+      Declare(css, ("border-" + name).constData(), value);
+    }
+    const int padding = QTextFormat::TableCellTopPadding + side;
+    if (format.hasProperty(padding))
+      Declare(css, ("padding-" + name).constData(), Pixels(format.doubleProperty(padding)));
+  }
   return css;
 }
 

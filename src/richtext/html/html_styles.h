@@ -3,6 +3,7 @@
 #include <QString>
 #include <QTextBlockFormat>
 #include <QTextCharFormat>
+#include <QTextTableCellFormat>
 
 namespace snipdeck {
 
@@ -10,6 +11,8 @@ namespace snipdeck {
 /// double quotes allows. Empty when the format says nothing.
 QString CssForCharacters(const QTextCharFormat& format);
 QString CssForParagraph(const QTextBlockFormat& format);
+/// The lines and the padding that are the cell's own; its background and spans are attributes.
+QString CssForCell(const QTextTableCellFormat& format);
 
 /// Text as HTML shows it: the four special characters escaped.
 QString EscapeHtml(QStringView text);

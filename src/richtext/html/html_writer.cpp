@@ -1,5 +1,7 @@
 #include "richtext/html/html_writer.h"
 
+#include <limits>
+
 #include <QHash>
 #include <QTextDocument>
 #include <QTextList>
@@ -51,6 +53,8 @@ bool NeedsBlanksKept(const QString& text) {
          std::any_of(text.begin(), text.end(), isSpecial);
 }
 
+constexpr int kLevelWithoutItems = std::numeric_limits<int>::min();
+
 class HtmlVisitor : public DocumentVisitor {
  public:
   explicit HtmlVisitor(const QTextDocument& document) : m_document(document) {}
@@ -69,10 +73,13 @@ class HtmlVisitor : public DocumentVisitor {
                 : (heading > 0 ? QLatin1Char('h') + QString::number(std::min(heading, 6)) : QStringLiteral("p"));
     m_html += QLatin1Char('<') + m_tag;
     if (block.blockFormat().layoutDirection() == Qt::RightToLeft) m_html += QLatin1String(" dir=\"rtl\"");
-    QString css = CssForParagraph(block.blockFormat());
+    QTextBlockFormat format = block.blockFormat();
+    if (!block.textList()) format.setLeftMargin(format.leftMargin() + format.indent() * m_document.indentWidth());
+    QString css = CssForParagraph(format);
     if (NeedsBlanksKept(block.text())) css += QLatin1String("white-space:pre-wrap;");
     m_html += QLatin1String(" style=\"") + css + QLatin1String("\">");
     m_empty = true;
+    m_endsInBreak = false;
   }
 
   void EndBlock(const QTextBlock&, bool last) override {
@@ -81,7 +88,7 @@ class HtmlVisitor : public DocumentVisitor {
     m_afterTable = false;
     if (isOnlyEnd) return m_html.truncate(m_blockBegin);
     CloseLink();
-    if (m_empty) m_html += QLatin1String("<br>");
+    if (m_empty || m_endsInBreak) m_html += QLatin1String("<br>");  // the last one in a paragraph shows nothing
     m_html += QLatin1String("</") + m_tag + QLatin1String(">\n");
   }
 
@@ -93,6 +100,7 @@ class HtmlVisitor : public DocumentVisitor {
     m_html += EscapeHtml(text);
     if (!css.isEmpty()) m_html += QLatin1String("</span>");
     m_empty = false;
+    m_endsInBreak = text.endsWith(QChar::LineSeparator);
   }
 
   void Image(const QTextImageFormat& format, int) override {
@@ -102,6 +110,7 @@ class HtmlVisitor : public DocumentVisitor {
     const QSizeF size = ShownSize(m_document, format);
     m_html += QStringLiteral(" width=\"%1\" height=\"%2\">").arg(qRound(size.width())).arg(qRound(size.height()));
     m_empty = false;
+    m_endsInBreak = false;
   }
 
   void BeginTable(const QTextTable& table) override {
@@ -129,6 +138,8 @@ class HtmlVisitor : public DocumentVisitor {
     if (cell.rowSpan() > 1) m_html += QStringLiteral(" rowspan=\"%1\"").arg(cell.rowSpan());
     const QBrush background = cell.format().background();
     if (background.style() != Qt::NoBrush) m_html += QStringLiteral(" bgcolor=\"%1\"").arg(background.color().name());
+    const QString css = CssForCell(cell.format().toTableCellFormat());
+    if (!css.isEmpty()) m_html += QLatin1String(" style=\"") + css + u'"';
     m_html += QLatin1Char('>');
     m_floors.append(m_lists.size());
   }
@@ -164,10 +175,17 @@ class HtmlVisitor : public DocumentVisitor {
       if (m_lists.last().id == place.id) return;
       CloseLists(m_lists.size() - 1);
     }
-    m_lists.append(place);
+    for (int level = m_lists.size() > floor ? m_lists.last().level + 1 : 0; level < place.level; ++level) {
+      OpenList({level, kLevelWithoutItems}, QStringLiteral("ul"));
+    }
     QString tag = ListTag(*block.textList());
     const int first = FirstNumber(block);
     if (first != 1 && tag.startsWith(QLatin1String("ol"))) tag += QStringLiteral(" start=\"%1\"").arg(first);
+    OpenList(place, tag);
+  }
+
+  void OpenList(const ListPlace& place, const QString& tag) {
+    m_lists.append(place);
     m_closings.append(tag.left(2));
     m_html += QLatin1Char('<') + tag + QLatin1String(" style=\"margin:0;\">\n");
   }
@@ -184,6 +202,7 @@ class HtmlVisitor : public DocumentVisitor {
   QString m_tag;
   QString m_link;
   bool m_empty = true;
+  bool m_endsInBreak = false;
   bool m_afterTable = false;
   qsizetype m_blockBegin = 0;
   QHash<int, QString> m_css;
