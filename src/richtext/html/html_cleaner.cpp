@@ -16,7 +16,9 @@ namespace {
 
 constexpr qsizetype kMaxDepth = 100;
 constexpr int kMaxTableDepth = 8;
-constexpr int kMaxElements = 100'000;
+// Pages that consist of little but tags would take minutes; those with a text between them are kept whole.
+constexpr qsizetype kMaxElements = 100'000;
+constexpr qsizetype kCharactersPerElement = 10;
 // Qt walks over a list whenever an item joins it, so that long ones go on as a further list; in a page that is full of
 // them, sooner.
 constexpr int kMaxItemsInList = 250;
@@ -62,6 +64,7 @@ class Cleaner {
  public:
   CleanHtml Clean(const HtmlPayload& payload) {
     const QStringView html(payload.html);
+    m_maxElements = std::max(kMaxElements, html.size() / kCharactersPerElement);
     m_outside = true;
     Feed(html.first(payload.begin));
     m_outside = false;
@@ -193,7 +196,7 @@ class Cleaner {
       ++m_depthCut;
       return;
     }
-    if (++m_elements > kMaxElements) {
+    if (++m_elements > m_maxElements) {
       ++m_elementsCut;
       return;
     }
@@ -381,7 +384,8 @@ class Cleaner {
   qsizetype m_blockTagEnd = 0;  ///< of the block that was begun last; 0 where one ended since
   bool m_sheetKeepsBlanks = false;
   int m_tables = 0;
-  int m_elements = 0;
+  qsizetype m_elements = 0;
+  qsizetype m_maxElements = kMaxElements;
   int m_listItems = 0;
   HtmlTableSizes m_sizes;
   bool m_leftTables = false;
