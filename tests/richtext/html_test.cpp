@@ -21,6 +21,7 @@ class HtmlTest : public QObject {
   void Formats();
   void NothingIsLoaded();
   void DeepAndWideIsCut();
+  void LongPagesAreKeptWhole();
   void WrittenAgainIsTheSame();
 };
 
@@ -143,6 +144,12 @@ void HtmlTest::DeepAndWideIsCut() {
   const RichText wide = RichText::FromHtml("<table><tr><td colspan=100000000 rowspan=99999999>wide</td></tr></table>");
   QVERIFY(wide.PlainText().contains("wide"));
   QVERIFY(RichText::FromHtml(QByteArray("<b>").repeated(50000) + "bold").PlainText() == "bold");
+}
+
+void HtmlTest::LongPagesAreKeptWhole() {
+  constexpr int kParagraphs = 110'000;
+  const QByteArray page = "<body>" + QByteArray("<p>of a long page</p>").repeated(kParagraphs) + "</body>";
+  QCOMPARE(RichText::FromHtml(page).PlainText().count('\n'), kParagraphs - 1);
 }
 
 void HtmlTest::WrittenAgainIsTheSame() {
