@@ -111,11 +111,15 @@ class PrintSystem:
 
     def add_queue(self):
         """The queue, which is then the default one."""
-        made = self._admin("lpadmin", "-p", QUEUE, "-E", "-v", f"sheets:{self._printed}", "-P", self._folder / "sheets.ppd")
-        assert made == 0 and self._admin("lpadmin", "-d", QUEUE) == 0, "no queue"
+        self._set_up("-p", QUEUE, "-E", "-v", f"sheets:{self._printed}", "-P", self._folder / "sheets.ppd")
+        self._set_up("-d", QUEUE)
+
+    def _set_up(self, *options):
+        # A server that has just begun, or taken a queue in, may refuse for a moment.
+        wait_until("the queue", lambda: self._admin("lpadmin", *options) == 0)
 
     def refuse_jobs(self):
-        assert self._admin("cupsreject", QUEUE) == 0
+        wait_until("the queue that refuses", lambda: self._admin("cupsreject", QUEUE) == 0)
 
     def jobs(self):
         """The PDF files that came out of the printer, in the order of the jobs."""
