@@ -127,6 +127,7 @@ void DocumentFileTest::FormatsKeepTextAndPage_data() {
     add("xml", FileFormat::Xml, page);
     add("pdf", FileFormat::Pdf, page);
   }
+  add("rtf", FileFormat::Rtf, kWide);
   add("docx", FileFormat::Docx, kWide);
   add("xml", FileFormat::Xml, kWide);
 }

@@ -1,6 +1,7 @@
 #include "richtext/rtf/rtf_control_words.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <limits>
 
 #include "richtext/rtf/rtf_actions.h"
@@ -51,14 +52,19 @@ void RowBorder(RtfParser& parser, int) {
   parser.State().border = RtfBorderTarget::Row;
 }
 
+// A margin below zero is one that no header or footer may widen.
+int PageLength(int twips) {
+  return std::abs(std::clamp(twips, -4 * kMaxTwips, 4 * kMaxTwips));
+}
+
 template <auto Member>
 void DocumentPage(RtfParser& parser, int twips) {
-  parser.Page().document.*Member = std::clamp(twips, 0, 4 * kMaxTwips);
+  parser.Page().document.*Member = PageLength(twips);
 }
 
 template <auto Member>
 void SectionPage(RtfParser& parser, int twips) {
-  if (parser.Page().sectionsEnded == 0) parser.Page().section.*Member = std::clamp(twips, 0, 4 * kMaxTwips);
+  if (parser.Page().sectionsEnded == 0) parser.Page().section.*Member = PageLength(twips);
 }
 
 // Sorted by word. \clpadt and \clpadl mean each other: their first writer mixed them up, and everyone followed.
@@ -255,14 +261,14 @@ constexpr RtfControlWord kWords[] = {
     {"mac", Kind::Flag, 10000, rtf_actions::AnsiCodePage},
     {"maccPr", Kind::Skip, 0, nullptr},
     {"mailmerge", Kind::Skip, 0, nullptr},
-    {"margb", Kind::Value, 0, DocumentPage<&RtfPage::Geometry::bottom>},
-    {"margbsxn", Kind::Value, 0, SectionPage<&RtfPage::Geometry::bottom>},
-    {"margl", Kind::Value, 0, DocumentPage<&RtfPage::Geometry::left>},
-    {"marglsxn", Kind::Value, 0, SectionPage<&RtfPage::Geometry::left>},
-    {"margr", Kind::Value, 0, DocumentPage<&RtfPage::Geometry::right>},
-    {"margrsxn", Kind::Value, 0, SectionPage<&RtfPage::Geometry::right>},
-    {"margt", Kind::Value, 0, DocumentPage<&RtfPage::Geometry::top>},
-    {"margtsxn", Kind::Value, 0, SectionPage<&RtfPage::Geometry::top>},
+    {"margb", Kind::Value, 0, DocumentPage<&PageGeometry::bottom>},
+    {"margbsxn", Kind::Value, 0, SectionPage<&PageGeometry::bottom>},
+    {"margl", Kind::Value, 0, DocumentPage<&PageGeometry::left>},
+    {"marglsxn", Kind::Value, 0, SectionPage<&PageGeometry::left>},
+    {"margr", Kind::Value, 0, DocumentPage<&PageGeometry::right>},
+    {"margrsxn", Kind::Value, 0, SectionPage<&PageGeometry::right>},
+    {"margt", Kind::Value, 0, DocumentPage<&PageGeometry::top>},
+    {"margtsxn", Kind::Value, 0, SectionPage<&PageGeometry::top>},
     {"mbarPr", Kind::Skip, 0, nullptr},
     {"mborderBoxPr", Kind::Skip, 0, nullptr},
     {"mboxPr", Kind::Skip, 0, nullptr},
@@ -316,8 +322,8 @@ constexpr RtfControlWord kWords[] = {
     {"page", Kind::Flag, 0, rtf_actions::BreakPage},
     {"pagebb", Kind::Toggle, 1, Paragraph<&ParagraphState::pageBreakBefore>},
     {"panose", Kind::Skip, 0, nullptr},
-    {"paperh", Kind::Value, 0, DocumentPage<&RtfPage::Geometry::height>},
-    {"paperw", Kind::Value, 0, DocumentPage<&RtfPage::Geometry::width>},
+    {"paperh", Kind::Value, 0, DocumentPage<&PageGeometry::height>},
+    {"paperw", Kind::Value, 0, DocumentPage<&PageGeometry::width>},
     {"par", Kind::Flag, 0, rtf_actions::EndParagraph},
     {"pard", Kind::Flag, 0, rtf_actions::ResetParagraph},
     {"passwordhash", Kind::Skip, 0, nullptr},
@@ -329,8 +335,8 @@ constexpr RtfControlWord kWords[] = {
     {"pgbrdrt", Kind::Flag, 0, rtf_actions::BorderOfSomethingElse},
     {"pgdsc", Kind::Skip, 0, nullptr},
     {"pgdsctbl", Kind::Skip, 0, nullptr},
-    {"pghsxn", Kind::Value, 0, SectionPage<&RtfPage::Geometry::height>},
-    {"pgwsxn", Kind::Value, 0, SectionPage<&RtfPage::Geometry::width>},
+    {"pghsxn", Kind::Value, 0, SectionPage<&PageGeometry::height>},
+    {"pgwsxn", Kind::Value, 0, SectionPage<&PageGeometry::width>},
     {"picprop", Kind::Skip, 0, nullptr},
     {"pict", Kind::Destination, 0, rtf_openers::Picture},
     {"plain", Kind::Flag, 0, rtf_actions::ResetCharacter},

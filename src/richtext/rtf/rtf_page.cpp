@@ -7,16 +7,16 @@
 namespace snipdeck {
 
 void RtfPage::Store(QTextFrameFormat& target) const {
-  const auto set = [&](FormatProperty property, int ofSection, int ofDocument) {
-    const int value = ofSection > 0 ? ofSection : ofDocument;
-    if (value > 0) target.setProperty(property, value);
+  const auto set = [&](FormatProperty property, int PageGeometry::*value, int least) {
+    const int said = section.*value >= least ? section.*value : document.*value;
+    if (said >= least) target.setProperty(property, said);
   };
-  set(kPageWidth, section.width, document.width);
-  set(kPageHeight, section.height, document.height);
-  set(kPageMarginLeft, section.left, document.left);
-  set(kPageMarginTop, section.top, document.top);
-  set(kPageMarginRight, section.right, document.right);
-  set(kPageMarginBottom, section.bottom, document.bottom);
+  set(kPageWidth, &PageGeometry::width, 1);
+  set(kPageHeight, &PageGeometry::height, 1);
+  set(kPageMarginLeft, &PageGeometry::left, 0);
+  set(kPageMarginTop, &PageGeometry::top, 0);
+  set(kPageMarginRight, &PageGeometry::right, 0);
+  set(kPageMarginBottom, &PageGeometry::bottom, 0);
 }
 
 }  // namespace snipdeck

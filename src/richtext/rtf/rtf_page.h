@@ -1,22 +1,18 @@
 #pragma once
 
+#include "platform/page_geometry.h"
+
 class QTextFrameFormat;
 
 namespace snipdeck {
 
-/// Page size and margins in twips; 0 means that the text does not say. The first section's words count before the
-/// document's own.
+/// Page size and margins as the text says them. The first section's words count before the document's own.
 struct RtfPage {
-  struct Geometry {
-    int width = 0;
-    int height = 0;
-    int left = 0;
-    int top = 0;
-    int right = 0;
-    int bottom = 0;
-  };
-  Geometry document;
-  Geometry section;
+  static constexpr int kUnsaid = -1;
+  static constexpr PageGeometry kNothingSaid{kUnsaid, kUnsaid, kUnsaid, kUnsaid, kUnsaid, kUnsaid};
+
+  PageGeometry document = kNothingSaid;
+  PageGeometry section = kNothingSaid;
   int sectionsEnded = 0;
 
   /// Sets what is known as properties.

@@ -180,7 +180,7 @@ class RtfVisitor : public DocumentVisitor {
 
 void WritePageGeometry(RtfOutput& out, const QTextFrameFormat& format) {
   const auto write = [&](int property, const char* word) {
-    if (format.intProperty(property) > 0) out.Word(word, format.intProperty(property));
+    if (format.hasProperty(property)) out.Word(word, format.intProperty(property));
   };
   write(kPageWidth, "paperw");
   write(kPageHeight, "paperh");
