@@ -76,6 +76,12 @@ bool SetType(RtfPictureInfo& info, std::string_view word) {
   return true;
 }
 
+QImage Cropped(const QImage& image, const RtfPictureInfo& info) {
+  if (image.isNull()) return image;  // nothing to measure the cut by
+  const QRect part = info.ShownPart(image.size());
+  return part.size() == image.size() ? image : image.copy(part);
+}
+
 }  // namespace
 
 QRect RtfPictureInfo::ShownPart(QSize pixels) const {
@@ -102,9 +108,7 @@ QSizeF RtfPictureInfo::ShownSize(QSize natural) const {
 }
 
 QTextImageFormat RtfPictures::Add(const RtfPictureInfo& info, const QByteArray& data) {
-  QImage image = Decode(info, data);
-  const QRect part = info.ShownPart(image.size());
-  if (!image.isNull() && part.size() != image.size()) image = image.copy(part);
+  QImage image = Cropped(Decode(info, data), info);
   const QSize natural = image.isNull() ? (info.width > 0 || info.goalWidth > 0 ? QSize() : kUnknownSize) : image.size();
   if (image.isNull()) {
     m_warnings.Add(QStringLiteral("picture shown as a grey field"));
