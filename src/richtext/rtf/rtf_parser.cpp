@@ -136,23 +136,29 @@ void RtfParser::CloseDestinations() {
     const OpenDestination closing = std::move(m_open.back());
     m_open.pop_back();
     closing.destination->Close();
+    m_state.destination = closing.destinationBefore;
+    m_state.body = closing.bodyBefore;
   }
 }
 
+void RtfParser::Push(RtfDestination& destination, RtfBody* body, std::unique_ptr<RtfDestination> owned) {
+  m_open.push_back({m_stack.size(), &destination, std::move(owned), m_state.destination, m_state.body});
+  m_state.destination = &destination;
+  m_state.body = body;
+}
+
 void RtfParser::Open(std::unique_ptr<RtfDestination> destination) {
-  RtfDestination* receiver = destination.get();
-  m_state.destination = receiver;
-  m_open.push_back({m_stack.size(), receiver, std::move(destination)});
+  RtfDestination& receiver = *destination;
+  Push(receiver, m_state.body, std::move(destination));
 }
 
 void RtfParser::OpenShared(RtfDestination& destination) {
-  m_state.destination = &destination;
-  m_open.push_back({m_stack.size(), &destination, nullptr});
+  Push(destination, m_state.body, nullptr);
 }
 
 void RtfParser::OpenBody(std::unique_ptr<RtfBody> body) {
-  m_state.body = body.get();
-  Open(std::move(body));
+  RtfBody& receiver = *body;
+  Push(receiver, &receiver, std::move(body));
 }
 
 void RtfParser::ReadWord(const RtfToken& token) {

@@ -110,7 +110,10 @@ class RtfParser {
     std::size_t depth;
     RtfDestination* destination;
     std::unique_ptr<RtfDestination> owned;
+    RtfDestination* destinationBefore;  ///< Gets the group back: one group may open several, one behind the other.
+    RtfBody* bodyBefore;
   };
+  void Push(RtfDestination& destination, RtfBody* body, std::unique_ptr<RtfDestination> owned);
   std::vector<OpenDestination> m_open;
   RtfBody m_body;
   QByteArray m_bytes;  ///< Characters that wait to be decoded together.
