@@ -34,6 +34,7 @@ struct OpenElement {
   double fontSize = kDefaultPoints;
   int items = 0;  ///< Of a list, since it was begun or went on as another one.
   int next = 1;   ///< The number of its next item.
+  bool isBlock = false;
   bool keepsBlanks = false;
 };
 
@@ -299,6 +300,7 @@ class Cleaner {
       m_sizes.StartTable();
     }
     if (token.name == QLatin1String("ol")) open.next = ListStartOf(token);
+    open.isBlock = ElementNamed(token.name).isBlock;
     Write(open.startTag);
     if (element.isBlock) m_blockTagEnd = m_clean.html.size() - 1;
     m_open.append(open);
@@ -309,9 +311,10 @@ class Cleaner {
     const bool ofTable = EndsByItself(QStringLiteral("td"), next);
     qsizetype keep = m_open.size();
     for (qsizetype i = m_open.size() - 1; i >= 0 && m_open[i].name != QLatin1String("table"); --i) {
+      if (!m_open[i].isBlock) continue;
       if (EndsByItself(m_open[i].name, next)) {
         keep = i;
-      } else if (!ofTable && ElementNamed(m_open[i].name).isBlock) {
+      } else if (!ofTable) {
         break;
       }
     }
@@ -332,7 +335,7 @@ class Cleaner {
   void CloseDownTo(qsizetype count) {
     while (m_open.size() > count) {
       const OpenElement element = m_open.takeLast();
-      if (ElementNamed(element.name).isBlock) EndBlock();
+      if (element.isBlock) EndBlock();
       if (element.name == QLatin1String("table")) {
         --m_tables;
         m_sizes.EndTable();
