@@ -18,6 +18,7 @@ constexpr std::size_t kMaxRowsMerged = 100;
 constexpr std::size_t kMaxRowsPlain = 5000;
 // Deeper tables are written as plain paragraphs: Qt's layout recurses.
 constexpr int kMaxTableDepth = 12;
+constexpr qsizetype kMostPending = 16 * 1024;
 
 // A cell's format and that of its first paragraph's mark are one and the same: the former must not be lost to the
 // latter.
@@ -82,6 +83,7 @@ void DocumentBuilder::Write(Place& place, const Flow& flow) {
     paragraph = i + 1;
     paragraphAt = at;
   }
+  Flush(place);
 }
 
 void DocumentBuilder::WriteParagraph(Place& place, const Flow& flow, std::size_t firstItem, std::size_t end,
@@ -90,13 +92,33 @@ void DocumentBuilder::WriteParagraph(Place& place, const Flow& flow, std::size_t
   place.block = Block::Follow;
   for (std::size_t i = firstItem; i < end; ++i) {
     const FlowItem& run = flow.items[i];
-    place.cursor.insertText(QString::fromRawData(flow.text.constData() + at, run.length),
-                            m_formats.characters[static_cast<std::size_t>(run.format)]);
+    if (run.format != place.pendingFormat || place.pending.size() > kMostPending) Flush(place);
+    place.pendingFormat = run.format;
+    place.pending += QStringView(flow.text).sliced(at, run.length);
     at += run.length;
   }
 }
 
+// Each insertion costs Qt far more than its characters do.
+void DocumentBuilder::Flush(Place& place) {
+  if (place.pending.isEmpty()) return;
+  place.cursor.insertText(place.pending, m_formats.characters[static_cast<std::size_t>(place.pendingFormat)]);
+  place.pending.resize(0);  // keeps the memory
+}
+
+bool DocumentBuilder::IsLikeParagraphBefore(const Place& place, const FlowItem& mark) const {
+  return place.block == Block::Follow && mark.format == place.paragraphFormat &&
+         (place.pending.isEmpty() || mark.length == place.pendingFormat);
+}
+
 void DocumentBuilder::StartBlock(Place& place, const FlowItem& mark) {
+  if (IsLikeParagraphBefore(place, mark)) {
+    place.pending += QChar::ParagraphSeparator;
+    place.pendingFormat = mark.length;
+    return;
+  }
+  Flush(place);
+  place.paragraphFormat = mark.format;
   const QTextCharFormat& markFormat = m_formats.characters[static_cast<std::size_t>(mark.length)];
   const QTextBlockFormat blockFormat = BlockFormat(mark.format);
   QTextCursor& cursor = place.cursor;
@@ -131,6 +153,7 @@ void DocumentBuilder::StartList(Place& place, int index) {
 
 void DocumentBuilder::WriteTable(Place& place, const TableFlow& table) {
   if (table.rows.empty()) return;
+  Flush(place);
   if (m_depth >= kMaxTableDepth) {
     for (const RowFlow& row : table.rows) {
       for (const Flow& cell : row.cells) Write(place, cell);
@@ -159,7 +182,8 @@ void DocumentBuilder::WriteRows(Place& place, const TableFlow& table, std::size_
   }
   for (const TableGrid::Cell& cell : grid.Cells()) {
     QTextTableCell target = inserted->cellAt(cell.row, cell.column);
-    Place inside{target.firstCursorPosition()};
+    Place inside;
+    inside.cursor = target.firstCursorPosition();
     for (const Flow* flow : cell.content) Write(inside, *flow);
     SetCellFormat(target, TableGrid::CellFormat(cell));
   }

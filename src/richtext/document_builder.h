@@ -34,10 +34,15 @@ class DocumentBuilder {
   struct Place {
     QTextCursor cursor;
     Block block = Block::Fill;
+    int paragraphFormat = -1;  ///< Of the last paragraph that was begun here.
+    QString pending;           ///< Text not yet in the document, all of one format, perhaps of several like paragraphs.
+    int pendingFormat = -1;
   };
   void Write(Place& place, const Flow& flow);
   void WriteParagraph(Place& place, const Flow& flow, std::size_t firstItem, std::size_t end, qsizetype at);
   void StartBlock(Place& place, const FlowItem& mark);
+  bool IsLikeParagraphBefore(const Place& place, const FlowItem& mark) const;
+  void Flush(Place& place);
   void WriteTable(Place& place, const TableFlow& table);
   void WriteRows(Place& place, const TableFlow& table, std::size_t begin, std::size_t end);
   QTextBlockFormat BlockFormat(int index);

@@ -19,9 +19,12 @@ class Walk {
     for (; !it.atEnd(); ++it) {
       if (QTextFrame* const frame = it.currentFrame()) {
         if (Touches(frame->firstPosition(), frame->lastPosition())) Frame(*frame);
-      } else if (const QTextBlock block = it.currentBlock();
-                 Touches(block.position(), block.position() + block.length() - 1)) {
-        Block(block, block.position() + block.length() > std::min(endOfContents, m_end));
+      } else {
+        const QTextBlock block = it.currentBlock();
+        // Qt looks both up in a tree.
+        const int first = block.position();
+        const int length = block.length();
+        if (Touches(first, first + length - 1)) Block(block, first, length, first + length > std::min(endOfContents, m_end));
       }
     }
   }
@@ -81,16 +84,23 @@ class Walk {
     m_visitor.EndCell(table, cell);
   }
 
-  void Block(const QTextBlock& block, bool last) {
+  void Block(const QTextBlock& block, int first, int length, bool last) {
     m_visitor.BeginBlock(block);
+    if (length > 1) Runs(block, first);
+    m_visitor.EndBlock(block, last);
+  }
+
+  void Runs(const QTextBlock& block, int first) {
     const QString text = block.text();
+    int at = 0;
     for (auto it = block.begin(); !it.atEnd(); ++it) {
       const QTextFragment run = it.fragment();
-      const int from = std::max(m_begin, run.position()) - block.position();
-      const int to = std::min(m_end, run.position() + run.length()) - block.position();
+      const int end = at + run.length();
+      const int from = std::max(m_begin - first, at);
+      const int to = std::min(m_end - first, end);
       if (from < to) Characters(run, QStringView(text).mid(from, to - from));
+      at = end;
     }
-    m_visitor.EndBlock(block, last);
   }
 
   void Characters(const QTextFragment& run, QStringView text) {
