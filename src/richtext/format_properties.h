@@ -34,6 +34,9 @@ enum FormatProperty : int {
   kListLevel,  ///< int, 0 to 8.
   kListStart,  ///< int: number of the first item.
 
+  // Any of them
+  kSpread = QTextFormat::UserProperty + 250,  ///< int: says nothing; see format_spread.h.
+
   // The document (format of its root frame), all in twips; absent or 0 means that the text does not say
   kPageWidth = QTextFormat::UserProperty + 300,  ///< int
   kPageHeight,        ///< int

@@ -5,6 +5,7 @@
 
 #include "richtext/document_copier.h"
 #include "richtext/flow_text.h"
+#include "richtext/format_spread.h"
 #include "richtext/html/html_reader.h"
 #include "richtext/rtf/rtf_reader.h"
 #include "richtext/rtf/rtf_writer.h"
@@ -65,6 +66,7 @@ RichText RichText::FromPlainText(const QString& text) {
 RichText RichText::FromFlow(FlowText&& text, const QStringList& warnings) {
   auto data = std::make_shared<Data>();
   CutPieces(text);
+  SpreadFormats(text.formats);
   data->flow = std::make_shared<FlowText>(std::move(text));
   data->warnings = warnings;
   return RichText(std::move(data));

@@ -4,6 +4,7 @@
 
 #include "platform/units.h"
 #include "richtext/format_properties.h"
+#include "richtext/format_spread.h"
 
 namespace snipdeck {
 namespace {
@@ -134,6 +135,7 @@ QTextTableFormat TableGrid::Format() const {
     widths.append(QTextLength(QTextLength::FixedLength, Pixels(m_edges[i] - m_edges[i - 1])));
   }
   format.setColumnWidthConstraints(widths);
+  SpreadTableFormat(format);
   return format;
 }
 

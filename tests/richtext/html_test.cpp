@@ -5,6 +5,7 @@
 
 #include "richtext/document_compare.h"
 #include "richtext/html/html_writer.h"
+#include "richtext/linear_time.h"
 #include "richtext/rich_text.h"
 
 using namespace snipdeck;
@@ -22,6 +23,8 @@ class HtmlTest : public QObject {
   void NothingIsLoaded();
   void DeepAndWideIsCut();
   void LongPagesAreKeptWhole();
+  void TimeGrowsLinearly_data();
+  void TimeGrowsLinearly();
   void WrittenAgainIsTheSame();
 };
 
@@ -150,6 +153,21 @@ void HtmlTest::LongPagesAreKeptWhole() {
   constexpr int kParagraphs = 110'000;
   const QByteArray page = "<body>" + QByteArray("<p>of a long page</p>").repeated(kParagraphs) + "</body>";
   QCOMPARE(RichText::FromHtml(page).PlainText().count('\n'), kParagraphs - 1);
+}
+
+void HtmlTest::TimeGrowsLinearly_data() {
+  QTest::addColumn<QByteArray>("unit");
+  QTest::newRow("open elements") << QByteArray("<b>");
+  QTest::newRow("fonts") << QByteArray("<font face=A#>x</font>");
+  QTest::newRow("styles") << QByteArray("<p style='font-family:A#'>x");
+  QTest::newRow("named places") << QByteArray("<a name=a#>x</a>");
+  QTest::newRow("tables of other widths") << QByteArray("<table><tr><td width=#>x<td width=9>y</table>");
+}
+
+void HtmlTest::TimeGrowsLinearly() {
+  QFETCH(QByteArray, unit);
+  const QString growth = test::GrowsTooFast(unit, [](const QByteArray& html) { RichText::FromHtml(html).Length(); });
+  QVERIFY2(growth.isEmpty(), qPrintable(growth));
 }
 
 void HtmlTest::WrittenAgainIsTheSame() {

@@ -10,6 +10,7 @@
 #include "richtext/html/html_pictures.h"
 #include "richtext/html/html_table_sizes.h"
 #include "richtext/html/html_tokenizer.h"
+#include "richtext/html/html_variety.h"
 
 namespace snipdeck {
 namespace {
@@ -291,6 +292,7 @@ class Cleaner {
     OpenElement open{token.name, {}, {}, m_open.isEmpty() ? kDefaultPoints : m_open.last().fontSize};
     const bool surrounding = !m_open.isEmpty() && m_open.last().keepsBlanks;
     QString attributes = KeptAttributes(token, open.fontSize);
+    m_variety.Limit(attributes);
     if (IsCell(token.name)) attributes += Spans(token);
     open.keepsBlanks = KeepsBlanks(attributes, surrounding || QLatin1String(element.as) == QLatin1String("pre"));
     open.startTag = QLatin1Char('<') + QLatin1String(element.as) + attributes + u'>';
@@ -298,6 +300,7 @@ class Cleaner {
     if (token.name == QLatin1String("table")) {
       ++m_tables;
       m_sizes.StartTable();
+      m_variety.StartTable();
     }
     if (token.name == QLatin1String("ol")) open.next = ListStartOf(token);
     open.isBlock = ElementNamed(token.name).isBlock;
@@ -391,6 +394,7 @@ class Cleaner {
   qsizetype m_maxElements = kMaxElements;
   int m_listItems = 0;
   HtmlTableSizes m_sizes;
+  HtmlVariety m_variety;
   bool m_leftTables = false;
   int m_depthCut = 0;
   int m_elementsCut = 0;

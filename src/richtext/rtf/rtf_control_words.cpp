@@ -99,7 +99,6 @@ constexpr RtfControlWord kWords[] = {
     {"bkmkend", Kind::Skip, 0, nullptr},
     {"bkmkstart", Kind::Skip, 0, nullptr},
     {"blipid", Kind::Skip, 0, nullptr},
-    {"bliptag", Kind::Skip, 0, nullptr},
     {"blipuid", Kind::Skip, 0, nullptr},
     {"box", Kind::Flag, 4, rtf_actions::BorderOfParagraph},
     {"brdrb", Kind::Flag, 2, rtf_actions::BorderOfParagraph},

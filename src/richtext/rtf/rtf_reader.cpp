@@ -3,6 +3,7 @@
 #include <QTextDocument>
 
 #include "richtext/format_properties.h"
+#include "richtext/format_spread.h"
 #include "richtext/html/html_reader.h"
 #include "richtext/rtf/rtf_html.h"
 #include "richtext/rtf/rtf_parser.h"
@@ -34,6 +35,7 @@ RtfContents ReadAsText(QByteArrayView rtf, ReadFor purpose, const std::function<
   parser.Run(progress);
   text.pieces.push_back(parser.Notes().TakeAll());
   text.formats = parser.Formats().Take();
+  SpreadFormats(text.formats);
   text.pictures = parser.Pictures().Take();
   parser.Page().Store(text.page);
   StoreHeaders(parser.Notes(), text.page);
