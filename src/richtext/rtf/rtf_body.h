@@ -20,6 +20,7 @@ class RtfBody : public RtfDestination {
   RtfBody(RtfParser& parser, Sink sink) : m_parser(parser), m_sink(std::move(sink)) {}
 
   void Text(QStringView text) override;
+  bool ShowsText() const override { return true; }
   void Close() override;
 
   void AddImage(const QTextImageFormat& format);

@@ -14,6 +14,8 @@ class RtfDestination {
 
   /// Characters, decoded.
   virtual void Text(QStringView) {}
+  /// Whether the characters are to be seen, in the font of their group.
+  virtual bool ShowsText() const { return false; }
   /// Undecoded bytes of text; true when the destination takes them so.
   virtual bool Raw(QByteArrayView) { return false; }
   virtual void Binary(QByteArrayView) {}
@@ -44,6 +46,13 @@ class RtfStringCollector : public RtfDestination {
  private:
   static constexpr qsizetype kMaxLength = 64 * 1024;
   QString& m_target;
+};
+
+/// The same with a label, as it stands in front of a paragraph.
+class RtfLabelCollector : public RtfStringCollector {
+ public:
+  using RtfStringCollector::RtfStringCollector;
+  bool ShowsText() const override { return true; }
 };
 
 }  // namespace snipdeck

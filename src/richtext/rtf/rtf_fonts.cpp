@@ -22,6 +22,20 @@ RtfSymbolFont SymbolKindOf(const RtfFont& font) {
   return RtfSymbolFont::None;
 }
 
+// Before fonts had charsets, those for other scripts had names of their own; 0 where the name does not say.
+int CodePageOfName(const QString& name) {
+  struct Ending {
+    const char* text;
+    int codePage;
+  };
+  constexpr Ending kEndings[] = {{" Cyr", 1251},    {" CE", 1250},       {" Greek", 1253},   {" Tur", 1254},
+                                 {" Baltic", 1257}, {" (Hebrew)", 1255}, {" (Arabic)", 1256}};
+  for (const Ending& ending : kEndings) {
+    if (name.endsWith(QLatin1String(ending.text))) return ending.codePage;
+  }
+  return 0;
+}
+
 }  // namespace
 
 RtfSymbolFont RtfFonts::SymbolKind(const QString& name) {
@@ -40,7 +54,9 @@ int RtfFonts::CodePage(int number, int documentCodePage) const {
   if (!font && number == m_number) font = &m_current;  // Its own name, while the table is read.
   if (!font) return documentCodePage;
   if (font->codePage) return font->codePage;
-  const int codePage = font->charset > 0 ? CodePageOfCharset(font->charset) : 0;
+  // Where all fonts are said to be Western, writers did not mean it; else a Western font beside others is one.
+  const bool isWestern = font->charset == 0 && m_codePages.contains(documentCodePage);
+  const int codePage = font->charset > 0 || isWestern ? CodePageOfCharset(font->charset) : 0;
   return codePage ? codePage : documentCodePage;
 }
 
@@ -78,6 +94,8 @@ void RtfFonts::Store() {
   m_current.name = m_current.name.trimmed();
   if (m_number >= 0 && (m_fonts.size() < kMaxFonts || m_fonts.contains(m_number))) {
     m_current.symbol = SymbolKindOf(m_current);
+    if (m_current.charset < 0 && !m_current.codePage) m_current.codePage = CodePageOfName(m_current.name);
+    if (m_current.charset > 0) m_codePages.insert(CodePageOfCharset(m_current.charset));
     RtfFont& font = m_fonts[m_number];
     // A second entry without a name only adds to the first.
     if (!m_current.name.isEmpty() || font.name.isEmpty()) font = m_current;

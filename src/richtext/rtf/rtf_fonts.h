@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QHash>
+#include <QSet>
 
 #include "richtext/rtf/rtf_destination.h"
 
@@ -39,6 +40,7 @@ class RtfFonts : public RtfDestination {
   void Store();
 
   QHash<int, RtfFont> m_fonts;
+  QSet<int> m_codePages;  ///< That fonts other than Western ones ask for.
   RtfFont m_current;
   int m_number = -1;
 };

@@ -34,10 +34,12 @@ bool RtfOldNumberingReader::Word(std::string_view word, int value, bool hasValue
     m_numbering.level = static_cast<std::int8_t>(hasValue ? std::clamp(value, 1, 9) - 1 : 0);
   } else if (word == "pnstart") {
     m_numbering.start = std::clamp(value, 0, 1'000'000);
+  } else if (word == "pnf") {
+    m_parser.State().character.font = value;
   } else if (word == "pntxtb") {
-    m_parser.Open(std::make_unique<RtfStringCollector>(m_before));
+    m_parser.Open(std::make_unique<RtfLabelCollector>(m_before));
   } else if (word == "pntxta") {
-    m_parser.Open(std::make_unique<RtfStringCollector>(m_after));
+    m_parser.Open(std::make_unique<RtfLabelCollector>(m_after));
   } else {
     return false;
   }

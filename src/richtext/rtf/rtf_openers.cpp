@@ -99,7 +99,7 @@ void LevelText(RtfParser& parser, int) {
 void ListLabel(RtfParser& parser, int) {
   if (!parser.Body()) return parser.Skip();
   parser.ShownLabel().clear();
-  CollectInto(parser, parser.ShownLabel());
+  parser.Open(std::make_unique<RtfLabelCollector>(parser.ShownLabel()));
 }
 
 void OldNumbering(RtfParser& parser, int) {

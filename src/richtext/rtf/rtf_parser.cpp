@@ -52,7 +52,10 @@ void RtfParser::RunInto(RtfDestination& root) {
 void RtfParser::Dispatch(const RtfToken& token) {
   using Kind = RtfToken::Kind;
   if (m_fallback > 0 && SkipsFallback(token)) return;
-  if (token.kind == Kind::Text) return ReadBytes(token.bytes);
+  if (token.kind == Kind::Text) {
+    ReadBytes(token.bytes);
+    return ReadSecondHalf(token.bytes);
+  }
   if (token.kind == Kind::Hex) {
     const char byte = static_cast<char>(token.value);
     return ReadBytes(QByteArrayView(&byte, 1));
@@ -253,6 +256,16 @@ void RtfParser::ReadBytes(QByteArrayView bytes) {
   m_bytes.append(bytes);
 }
 
+// The second byte of a character that is not escaped may look like a backslash or a brace.
+void RtfParser::ReadSecondHalf(QByteArrayView bytes) {
+  const bool mayBeHalf = !bytes.isEmpty() && !m_bytes.isEmpty() && static_cast<signed char>(bytes.back()) < 0;
+  if (!mayBeHalf || IncompleteTail(m_bytesCodePage, m_bytes) != 1) return;
+  const char next = m_tokenizer.Ahead(1).isEmpty() ? '\0' : m_tokenizer.Ahead(1)[0];
+  const char pair[] = {m_bytes.back(), next};
+  const QString character = DecodeCodePage(m_bytesCodePage, QByteArrayView(pair, 2));
+  if (character.size() == 1 && character[0] != QChar::ReplacementCharacter) ReadBytes(m_tokenizer.TakeSpecialByte());
+}
+
 // Half a character at the end waits for its other half, which may follow in another group.
 void RtfParser::FlushBytes(bool final) {
   if (m_bytes.isEmpty()) return;
@@ -264,7 +277,7 @@ void RtfParser::FlushBytes(bool final) {
 
 void RtfParser::Decode(QByteArrayView bytes) {
   const RtfFont* font = m_fonts.Find(m_formats.EffectiveFont(m_state.character));
-  if (font && font->symbol != RtfSymbolFont::None && Body()) {
+  if (font && font->symbol != RtfSymbolFont::None && m_state.destination->ShowsText()) {
     QString symbols;
     for (const char c : bytes) symbols.append(QChar(SymbolToUnicode(font->symbol, static_cast<unsigned char>(c))));
     return Emit(symbols);

@@ -85,6 +85,7 @@ class RtfParser {
   void ReadSymbol(int symbol);
   void ReadUnicode(int value);
   void ReadBytes(QByteArrayView bytes);
+  void ReadSecondHalf(QByteArrayView bytes);
   void FlushBytes(bool final);
   void Decode(QByteArrayView bytes);
   int CodePage() const;

@@ -71,6 +71,13 @@ bool RtfTokenizer::SkipTo(QByteArrayView mark) {
   return found >= 0;
 }
 
+QByteArrayView RtfTokenizer::TakeSpecialByte() {
+  const QByteArrayView next = Ahead(2);
+  if (next.isEmpty() || !QByteArrayView("\\{}").contains(next[0])) return {};
+  if (next[0] == '\\' && next.size() > 1 && QByteArrayView("\\{}'\r\n").contains(next[1])) return {};
+  return m_rtf.sliced(m_at++, 1);
+}
+
 void RtfTokenizer::ReadText(RtfToken& token) {
   const qsizetype begin = m_at;
   while (m_at < m_rtf.size() && !kSpecial[static_cast<unsigned char>(m_rtf[m_at])]) ++m_at;

@@ -34,6 +34,10 @@ class RtfTokenizer {
   /// The next token; false at the end of the bytes.
   bool Next(RtfToken& token);
 
+  /// The next byte as text although it looks like a backslash or a brace; nothing where it is none of them, or where
+  /// it begins an escape.
+  QByteArrayView TakeSpecialByte();
+
   /// Up to `size` of the bytes that follow the last token.
   QByteArrayView Ahead(qsizetype size) const { return m_rtf.sliced(m_at, std::min(size, m_rtf.size() - m_at)); }
 
