@@ -38,11 +38,16 @@ class RtfVisitor : public DocumentVisitor {
     m_header.Font(FontFamilies(QTextCharFormat(), document.defaultFont()).value(0));
   }
 
-  RtfOutput& Body() { return m_body; }
+  /// The text, when the walk is done.
+  const RtfOutput& Body() {
+    CloseRun();
+    return m_body;
+  }
   const RtfHeader& Header() const { return m_header; }
   const RtfLists& Lists() const { return m_lists; }
 
   void BeginBlock(const QTextBlock& block) override {
+    CloseRun();
     m_body.Append(m_paragraphs.For(block));
     MarkCell();
     m_lists.WriteParagraph(m_body, block);
@@ -51,7 +56,7 @@ class RtfVisitor : public DocumentVisitor {
 
   void EndBlock(const QTextBlock& block, bool last) override {
     CloseLink();
-    if (m_empty) m_body.Append(m_characters.For(block.charFormat(), block.charFormatIndex()));
+    if (m_openRun < 0) OpenRun(block.charFormat(), block.charFormatIndex());
     // A cell's last paragraph ends with the cell and the text's last one with the text; but readers take an end behind
     // nothing for none.
     const bool isLostAtEnd = m_empty && m_tables.isEmpty() && m_hasParagraphs;
@@ -59,12 +64,13 @@ class RtfVisitor : public DocumentVisitor {
     if (last && !isLostAtEnd) return;
     m_body.Word("par");
     if (m_empty) EndRaised(block.charFormat());
+    CloseRun();
     m_body.LineEnd();
   }
 
   void Run(QStringView text, const QTextCharFormat& format, int index) override {
     EnterLink(format);
-    m_body.Append(m_characters.For(format, index));
+    OpenRun(format, index);
     m_body.Text(text);
     EndRaised(format);
     m_empty = false;
@@ -74,7 +80,7 @@ class RtfVisitor : public DocumentVisitor {
     const QByteArray png = PngOfPicture(m_document, format);
     if (png.isEmpty()) return;
     EnterLink(format);
-    m_body.Append(m_characters.For(format, index));
+    OpenRun(format, index);
     const QSizeF size = ShownSize(m_document, format);
     m_body.OpenGroup("pict");
     m_body.Word("pngblip");
@@ -119,6 +125,21 @@ class RtfVisitor : public DocumentVisitor {
  private:
   bool IsNested() const { return m_tables.size() > 1; }
 
+  // Each run in a group of its own, with the paragraph's end in that of its last: there are readers that forget
+  // the formats of a paragraph at every \plain that stands outside of one.
+  void OpenRun(const QTextCharFormat& format, int index) {
+    if (index == m_openRun) return;
+    CloseRun();
+    m_openRun = index;
+    m_body.OpenGroup();
+    m_body.Append(m_characters.For(format, index));
+  }
+
+  void CloseRun() {
+    if (m_openRun >= 0) m_body.CloseGroup();
+    m_openRun = -1;
+  }
+
   // Readers that take raised text for the mark of a note hold it back until they are told that it ends.
   void EndRaised(const QTextCharFormat& format) {
     m_body.WordIf(format.verticalAlignment() == QTextCharFormat::AlignSuperScript, "nosupersub");
@@ -140,12 +161,14 @@ class RtfVisitor : public DocumentVisitor {
 
   void EndOfCell() {
     m_body.Word(IsNested() ? "nestcell" : "cell");
+    CloseRun();
     m_body.Raw(IsNested() ? "{\\nonesttables\\par}\n" : "\n");
   }
 
   void EnterLink(const QTextCharFormat& format) {
     const QString target = format.anchorHref();
     if (target == m_link) return;
+    CloseRun();
     CloseLink();
     m_link = target;
     if (target.isEmpty()) return;
@@ -160,6 +183,7 @@ class RtfVisitor : public DocumentVisitor {
 
   void CloseLink() {
     if (m_link.isEmpty()) return;
+    CloseRun();
     m_body.CloseGroup();
     m_body.CloseGroup();
     m_link.clear();
@@ -174,6 +198,7 @@ class RtfVisitor : public DocumentVisitor {
   const int m_textWidth;
   QList<TableShape> m_tables;  ///< of the tables that the walk is in, the outermost first
   QString m_link;
+  int m_openRun = -1;  ///< index of the format of the run whose group is open
   bool m_empty = true;
   bool m_hasParagraphs = false;
 };
