@@ -13,6 +13,7 @@
 #include "richtext/format_properties.h"
 #include "richtext/list_labels.h"
 #include "richtext/paragraph_borders.h"
+#include "richtext/tab_leaders.h"
 
 namespace snipdeck {
 namespace {
@@ -70,7 +71,7 @@ class BorderPainter {
 };
 
 bool HasMarks(const QTextBlock& block) {
-  return IsLabelTakenFromQt(block) || block.blockFormat().hasProperty(kParagraphBorder);
+  return IsLabelTakenFromQt(block) || block.blockFormat().hasProperty(kParagraphBorder) || HasLeaders(block);
 }
 
 struct Stretch {
@@ -147,6 +148,8 @@ void PaintBorders(QPainter& painter, const QTextBlock& block, const QPointF& ori
 void PaintMarks(QPainter& painter, const QTextBlock& block, const QPointF& origin, const QPalette& palette) {
   if (IsLabelTakenFromQt(block)) PaintLabel(painter, block, origin, ListLabel(block), palette);
   PaintBorders(painter, block, origin, palette);
+  constexpr double kTwipsPerPixel = 15;
+  if (HasLeaders(block)) PaintLeaders(painter, block, origin, DotsPerTwip(*block.document()) * kTwipsPerPixel, palette);
 }
 
 void PaintMarks(QPainter& painter, const QTextDocument& document, const QRectF& clip, const QPalette& palette) {

@@ -7,7 +7,8 @@ class QPainter;
 
 namespace snipdeck {
 
-/// What Qt's layout leaves out of a paragraph: labels of lists that it cannot count, and borders. Everything takes the
+/// What Qt's layout leaves out of a paragraph: labels of lists that it cannot count, borders, and what leads to
+/// tab stops. Everything takes the
 /// room that Qt left to the paragraph.
 
 /// The label beside the first line, a blank's width away from its text. `origin` is where the paragraph's layout stands.

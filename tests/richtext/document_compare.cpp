@@ -12,6 +12,7 @@
 #include "richtext/format_properties.h"
 #include "richtext/list_labels.h"
 #include "richtext/paragraph_borders.h"
+#include "richtext/tab_leaders.h"
 
 namespace snipdeck::test {
 namespace {
@@ -99,7 +100,8 @@ void LineHeight(Facts& facts, const QTextBlockFormat& format) {
 void Tabs(Facts& facts, const QTextBlockFormat& format) {
   QStringList tabs;
   for (const QTextOption::Tab& tab : format.tabPositions()) {
-    tabs.append(QStringLiteral("%1:%2").arg(int(tab.type)).arg(Twips(tab.position)));
+    const QChar leader = LeaderOf(tab);
+    tabs.append(QStringLiteral("%1:%2").arg(int(tab.type)).arg(Twips(tab.position)) + (leader.isNull() ? QString() : leader));
   }
   facts.Add("tabs", tabs.join(u','));
 }

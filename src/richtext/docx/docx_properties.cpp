@@ -7,6 +7,7 @@
 #include "platform/units.h"
 #include "richtext/docx/docx_values.h"
 #include "richtext/paragraph_borders.h"
+#include "richtext/tab_leaders.h"
 
 namespace snipdeck {
 namespace {
@@ -180,8 +181,9 @@ void ReadTabs(QTextBlockFormat& format, XmlPart& xml) {
     const QString kind = xml.Value();
     if (xml.Is("tab") && kind != QLatin1String("clear") && tabs.size() < kMostTabs) {
       const QTextOption::TabType type = TabTypeFromWord(kind);
-      tabs.append(QTextOption::Tab(Pixels(xml.Twips("pos")), type,
-                                   type == QTextOption::DelimiterTab ? QLatin1Char('.') : QChar()));
+      const QTextOption::Tab stop(Pixels(xml.Twips("pos")), type,
+                                  type == QTextOption::DelimiterTab ? QLatin1Char('.') : QChar());
+      tabs.append(WithLeader(stop, LeaderFromWord(xml.Value("leader"))));
     }
     xml.skipCurrentElement();
   }

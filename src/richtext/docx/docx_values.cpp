@@ -129,6 +129,29 @@ QString WordForColour(const QColor& colour) {
   return colour.name().mid(1).toUpper();
 }
 
+QChar LeaderFromWord(const QString& word) {
+  if (word == QLatin1String("dot")) return u'.';
+  if (word == QLatin1String("middleDot")) return QChar(0xB7);
+  if (word == QLatin1String("hyphen")) return u'-';
+  return word == QLatin1String("underscore") || word == QLatin1String("heavy") ? QChar(u'_') : QChar();
+}
+
+const char* WordForLeader(QChar leader) {
+  switch (leader.unicode()) {
+    case u'.':
+      return "dot";
+    case u'\u00B7':
+      return "middleDot";
+    case u'-':
+    case u'=':
+      return "hyphen";
+    case u'_':
+      return "underscore";
+    default:
+      return nullptr;
+  }
+}
+
 int NumberFormatFromWord(const QString& word) {
   const auto found = FindWord(kNumbers, word);
   return found == std::end(kNumbers) ? 0 : found->format;

@@ -29,6 +29,10 @@ const char* WordForHighlight(QRgb colour);
 QColor ColourFromWord(const QString& word);
 QString WordForColour(const QColor& colour);
 
+/// What leads to a tab stop; null for none.
+QChar LeaderFromWord(const QString& word);
+const char* WordForLeader(QChar leader);
+
 /// Kinds of numbers, as FormatListNumber counts them.
 int NumberFormatFromWord(const QString& word);
 const char* WordForNumberFormat(QTextListFormat::Style style);

@@ -9,6 +9,7 @@
 #include "richtext/format_properties.h"
 #include "richtext/format_values.h"
 #include "richtext/paragraph_borders.h"
+#include "richtext/tab_leaders.h"
 
 namespace snipdeck {
 namespace {
@@ -94,6 +95,7 @@ void WriteTabs(XmlOut& out, const QList<QTextOption::Tab>& tabs) {
   out.Start("w:tabs");
   for (const QTextOption::Tab& tab : tabs) {
     out.Value("w:tab", WordForTab(tab.type));
+    if (const char* leader = WordForLeader(LeaderOf(tab))) out.Attribute("w:leader", QString::fromLatin1(leader));
     out.Attribute("w:pos", TwipsFromLength(tab.position));
   }
   out.End();

@@ -78,8 +78,9 @@ void AutomaticSpaceAfter(RtfParser& parser, int on) {
 
 void TabStop(RtfParser& parser, int twips) {
   ParagraphState& paragraph = parser.State().paragraph;
-  const RtfTab tab{Clamped(twips), paragraph.pendingTab};
+  const RtfTab tab{Clamped(twips), paragraph.pendingTab, paragraph.pendingLeader};
   paragraph.pendingTab = RtfTabKind::Left;
+  paragraph.pendingLeader = 0;
   if (paragraph.tabs.size() >= kMaxTabs) return;
   auto place = std::lower_bound(paragraph.tabs.begin(), paragraph.tabs.end(), tab,
                                 [](const RtfTab& a, const RtfTab& b) { return a.position < b.position; });
@@ -92,6 +93,7 @@ void TabStop(RtfParser& parser, int twips) {
 
 void BarTab(RtfParser& parser, int) {
   parser.State().paragraph.pendingTab = RtfTabKind::Left;
+  parser.State().paragraph.pendingLeader = 0;
 }
 
 void Outline(RtfParser& parser, int level) {

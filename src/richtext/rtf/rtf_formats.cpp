@@ -3,6 +3,7 @@
 #include "platform/units.h"
 #include "richtext/format_properties.h"
 #include "richtext/format_values.h"
+#include "richtext/tab_leaders.h"
 
 namespace snipdeck {
 namespace {
@@ -228,8 +229,9 @@ QTextBlockFormat RtfFormats::MakeParagraph(const ParagraphState& state) const {
   SetSpacing(format, state);
   QList<QTextOption::Tab> tabs;
   for (const RtfTab& tab : state.tabs) {
-    tabs.append(QTextOption::Tab(Pixels(tab.position), TabTypeOf(tab.kind),
-                                 tab.kind == RtfTabKind::Decimal ? QLatin1Char('.') : QChar()));
+    const QChar delimiter = tab.kind == RtfTabKind::Decimal ? QChar(u'.') : QChar();
+    const QTextOption::Tab stop(Pixels(tab.position), TabTypeOf(tab.kind), delimiter);
+    tabs.append(WithLeader(stop, QChar(tab.leader)));
   }
   if (!tabs.isEmpty()) format.setTabPositions(tabs);
   if (state.keepTogether) format.setProperty(kKeepTogether, true);

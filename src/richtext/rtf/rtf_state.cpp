@@ -24,7 +24,7 @@ std::size_t HashOf(const CharacterState& s) {
 
 std::size_t HashOf(const ParagraphState& s) {
   std::size_t tabs = 0;
-  for (const RtfTab& tab : s.tabs) tabs = HashAll(tabs, tab.position, static_cast<int>(tab.kind));
+  for (const RtfTab& tab : s.tabs) tabs = HashAll(tabs, tab.position, static_cast<int>(tab.kind), tab.leader);
   return HashAll(s.style, s.leftIndent, s.rightIndent, s.firstLine, s.spaceBefore, s.spaceAfter, s.lineSpacing, s.list,
                  s.listLevel, s.shading, static_cast<int>(s.alignment), tabs, qHash(s.borders), s.pageBreakBefore,
                  s.rightToLeft);

@@ -83,6 +83,7 @@ struct CharacterState {
 struct RtfTab {
   std::int32_t position = 0;
   RtfTabKind kind = RtfTabKind::Left;
+  std::int16_t leader = 0;  ///< The character that fills the way to it; 0 none.
   bool operator==(const RtfTab&) const = default;
 };
 
@@ -113,6 +114,7 @@ struct ParagraphState {
   std::int16_t shadingPercent = 0;  ///< In hundredths of a percent.
   RtfAlignment alignment = RtfAlignment::Natural;
   RtfTabKind pendingTab = RtfTabKind::Left;  ///< Kind of the tab stop that the next \tx sets.
+  std::int16_t pendingLeader = 0;            ///< The same of its leader.
   std::int8_t outlineLevel = 0;              ///< 1 + the level of a heading, 0 body.
   bool lineSpacingMultiple = false;
   bool keepTogether = false;

@@ -5,6 +5,7 @@
 #include "richtext/format_properties.h"
 #include "richtext/format_values.h"
 #include "richtext/paragraph_borders.h"
+#include "richtext/tab_leaders.h"
 
 namespace snipdeck {
 namespace {
@@ -39,8 +40,26 @@ void LineHeight(RtfOutput& out, const QTextBlockFormat& format) {
   }
 }
 
+const char* WordOfLeader(QChar leader) {
+  switch (leader.unicode()) {
+    case u'.':
+      return "tldot";
+    case u'\u00B7':
+      return "tlmdot";
+    case u'-':
+      return "tlhyph";
+    case u'_':
+      return "tlul";
+    case u'=':
+      return "tleq";
+    default:
+      return nullptr;
+  }
+}
+
 void Tabs(RtfOutput& out, const QList<QTextOption::Tab>& tabs) {
   for (const QTextOption::Tab& tab : tabs) {
+    if (const char* leader = WordOfLeader(LeaderOf(tab))) out.Word(leader);
     out.WordIf(tab.type == QTextOption::RightTab, "tqr");
     out.WordIf(tab.type == QTextOption::CenterTab, "tqc");
     out.WordIf(tab.type == QTextOption::DelimiterTab, "tqdec");
