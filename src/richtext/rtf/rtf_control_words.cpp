@@ -37,6 +37,11 @@ void Group(RtfParser& parser, int value) {
   Assign<Member, Min, Max>(parser.State(), value);
 }
 
+void ExpandByQuarterPoints(RtfParser& parser, int value) {
+  constexpr int kTwipsPerQuarter = 5;
+  Character<&CharacterState::spacing, -1584, 1584>(parser, std::clamp(value, -1000, 1000) * kTwipsPerQuarter);
+}
+
 void BeginRow(RtfParser& parser, int) {
   parser.CurrentRows().Begin();
 }
@@ -164,6 +169,7 @@ constexpr RtfControlWord kWords[] = {
     {"clvmrg", Kind::Flag, 0, Rows<&RtfRows::JoinAbove>},
     {"colorschememapping", Kind::Skip, 0, nullptr},
     {"colortbl", Kind::Destination, 0, rtf_openers::ColourTable},
+    {"column", Kind::Character, 0x2028, nullptr},
     {"company", Kind::Skip, 0, nullptr},
     {"cs", Kind::Value, 0, rtf_actions::CharacterStyle},
     {"datafield", Kind::Skip, 0, nullptr},
@@ -184,6 +190,7 @@ constexpr RtfControlWord kWords[] = {
     {"emspace", Kind::Character, 0x2003, nullptr},
     {"endash", Kind::Character, 0x2013, nullptr},
     {"enspace", Kind::Character, 0x2002, nullptr},
+    {"expnd", Kind::Value, 0, ExpandByQuarterPoints},
     {"expndtw", Kind::Value, 0, Character<&CharacterState::spacing, -1584, 1584>},
     {"f", Kind::Value, 0, Character<&CharacterState::font, 0, 1000000>},
     {"factoidname", Kind::Skip, 0, nullptr},
