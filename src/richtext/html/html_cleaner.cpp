@@ -7,6 +7,7 @@
 #include "richtext/html/css_filter.h"
 #include "richtext/html/html_attributes.h"
 #include "richtext/html/html_elements.h"
+#include "richtext/html/html_lines.h"
 #include "richtext/html/html_pictures.h"
 #include "richtext/html/html_table_sizes.h"
 #include "richtext/html/html_tokenizer.h"
@@ -67,13 +68,14 @@ class Cleaner {
   CleanHtml Clean(const HtmlPayload& payload) {
     const QStringView html(payload.html);
     m_maxElements = std::max(kMaxElements, html.size() / kCharactersPerElement);
-    m_outside = true;
+    m_lines.SwitchOff(true);
     Feed(html.first(payload.begin));
-    m_outside = false;
-    for (const OpenElement& element : std::as_const(m_open)) Write(element.startTag);
+    m_lines.SwitchOff(false);
+    for (const OpenElement& element : std::as_const(m_open)) m_lines.Write(element.startTag);
     Feed(html.mid(payload.begin, payload.end - payload.begin));
-    m_blankAt = -1;
+    m_lines.EndText();
     CloseDownTo(0);
+    m_clean.html = m_lines.Take();
     Tell(m_depthCut, "elements nested too deep");
     Tell(m_elementsCut, "elements beyond the limit");
     Tell(m_picturesDropped, "pictures outside the page");
@@ -105,36 +107,14 @@ class Cleaner {
     if (count > 0) m_clean.warnings.append(QStringLiteral("%1 %2 left out").arg(count).arg(QLatin1String(what)));
   }
 
-  void Write(const QString& html) {
-    if (!m_outside) m_clean.html += html;
-  }
-
   void Text(QStringView text) {
     if (m_inHead) return;
     if (!IsBlank(text) || (!m_open.isEmpty() && m_open.last().keepsBlanks)) {
-      Content();
+      m_lines.Content();
     } else if (!m_sheetKeepsBlanks) {
-      return Blank();
+      return m_lines.Blank();
     }
-    Write(WithoutForbiddenEntities(text).replace(u'<', QLatin1String("&lt;")));
-  }
-
-  /// Blanks and line ends between elements part words; at the start and at the end of a block they show nothing.
-  void Blank() {
-    if (!m_hasContent || m_outside) return;
-    m_blankAt = m_clean.html.size();
-    Write(QStringLiteral(" "));
-  }
-
-  void DropBlank() {
-    if (m_blankAt >= 0) m_clean.html.remove(m_blankAt, 1);
-    m_blankAt = -1;
-  }
-
-  void Content() {
-    m_hasContent = true;
-    m_lastBreak = -1;
-    m_blankAt = -1;
+    m_lines.Write(WithoutForbiddenEntities(text).replace(u'<', QLatin1String("&lt;")));
   }
 
   void StartTag(const HtmlToken& token, HtmlTokenizer& tokenizer) {
@@ -150,44 +130,30 @@ class Cleaner {
       return;
     }
     if (element.treatment == HtmlElement::Treatment::Keep) m_inHead = false;
-    if (token.name == QLatin1String("br")) return Break();
+    if (token.name == QLatin1String("br")) return m_lines.Break();
     if (token.name == QLatin1String("hr")) return Rule();
     if (token.name == QLatin1String("img")) return Picture(token);
     if (element.treatment == HtmlElement::Treatment::Keep) Open(token, element);
   }
 
-  void Break() {
-    m_lastBreak = m_clean.html.size();
-    m_breakHadContent = m_hasContent;
-    m_blankAt = -1;
-    Write(QStringLiteral("<br>"));
-    m_hasContent = true;
-  }
-
   void Rule() {
     CloseImplied(QStringLiteral("div"));
-    EndLine();
-    StartBlock();
-    Write(QStringLiteral("<hr>"));
+    m_lines.EndLine();
+    m_lines.StartBlock();
+    m_lines.Write(QStringLiteral("<hr>"));
   }
 
   void Picture(const HtmlToken& token) {
     const QString name = TakePicture(ValueOf(token, "src"), m_clean.pictures);
     m_inHead = false;
-    Content();
+    m_lines.Content();
     if (name.isEmpty()) {
       ++m_picturesDropped;
       QString alternative = ValueOf(token, "alt");
       if (IsAddress(alternative)) return;
-      return Write(WithoutForbiddenEntities(alternative.replace(u'<', QLatin1String("&lt;"))));
+      return m_lines.Write(WithoutForbiddenEntities(alternative.replace(u'<', QLatin1String("&lt;"))));
     }
-    Write(QLatin1String("<img src=") + Quoted(name) + PictureSize(token) + u'>');
-  }
-
-  void StartBlock() {
-    DropBlank();
-    m_hasContent = false;
-    m_lastBreak = -1;
+    m_lines.Write(QLatin1String("<img src=") + Quoted(name) + PictureSize(token) + u'>');
   }
 
   void Open(const HtmlToken& token, const HtmlElement& element) {
@@ -202,8 +168,8 @@ class Cleaner {
       ++m_elementsCut;
       return;
     }
-    if (token.name == QLatin1String("table") || (element.isBlock && !IsPartOfTable(token.name))) EndLine();
-    if (element.isBlock) StartBlock();
+    if (token.name == QLatin1String("table") || (element.isBlock && !IsPartOfTable(token.name))) m_lines.EndLine();
+    if (element.isBlock) m_lines.StartBlock();
     if (token.name == QLatin1String("li")) StartItem(ValueOf(token, "value"));
     Push(token, IsTooMany(token) ? ElementNamed(QStringLiteral("div")) : element);
   }
@@ -221,7 +187,7 @@ class Cleaner {
     if (isSaid || list.items >= limit) {
       list.startTag = WithListStart(list.startTag, list.next);
       list.items = 0;
-      Write(list.endTag + list.startTag);
+      m_lines.Write(list.endTag + list.startTag);
     }
     ++list.items;
     ++list.next;
@@ -244,7 +210,7 @@ class Cleaner {
       qsizetype table = m_open.size() - 1;
       while (table > 0 && m_open[table].name != QLatin1String("table")) --table;
       CloseDownTo(table + 1);
-      Write(m_open[table].endTag + m_open[table].startTag);
+      m_lines.Write(m_open[table].endTag + m_open[table].startTag);
       m_sizes.StartFurtherTable();
     }
     m_sizes.StartRow();
@@ -304,8 +270,8 @@ class Cleaner {
     }
     if (token.name == QLatin1String("ol")) open.next = ListStartOf(token);
     open.isBlock = ElementNamed(token.name).isBlock;
-    Write(open.startTag);
-    if (element.isBlock) m_blockTagEnd = m_clean.html.size() - 1;
+    m_lines.Write(open.startTag);
+    if (element.isBlock) m_lines.NoteBlockTag();
     m_open.append(open);
   }
 
@@ -326,7 +292,7 @@ class Cleaner {
 
   void EndTag(const QString& name) {
     if (name == QLatin1String("head")) m_inHead = false;
-    if (name == QLatin1String("br")) return Break();
+    if (name == QLatin1String("br")) return m_lines.Break();
     const bool ofTable =
         name == QLatin1String("table") || name == QLatin1String("tr") || EndsByItself(name, QStringLiteral("tr"));
     for (qsizetype i = m_open.size() - 1; i >= 0; --i) {
@@ -338,56 +304,20 @@ class Cleaner {
   void CloseDownTo(qsizetype count) {
     while (m_open.size() > count) {
       const OpenElement element = m_open.takeLast();
-      if (element.isBlock) EndBlock();
+      if (element.isBlock) m_lines.EndBlock();
       if (element.name == QLatin1String("table")) {
         --m_tables;
         m_sizes.EndTable();
       }
-      Write(element.endTag);
+      m_lines.Write(element.endTag);
     }
-  }
-
-  /// A line break at the end of a paragraph shows nothing; alone in one, it says that the paragraph is empty.
-  void EndBlock() {
-    DropBlank();
-    if (m_blockTagEnd > 0 && m_lastBreak >= 0 && !m_breakHadContent && !m_outside) {
-      m_clean.html.remove(m_lastBreak, 4);
-      MarkEmpty();
-    } else {
-      EndLine();
-    }
-    StartBlock();
-    m_blockTagEnd = 0;
-  }
-
-  /// Between blocks, a line break ends the text in front of it, or is an empty paragraph of its own.
-  void EndLine() {
-    DropBlank();
-    if (m_lastBreak < 0 || m_outside) return;
-    const QLatin1String empty("<div style=\"-qt-paragraph-type:empty;\"></div>");
-    m_clean.html.replace(m_lastBreak, 4, m_breakHadContent ? QLatin1String() : empty);
-    m_lastBreak = -1;
-  }
-
-  void MarkEmpty() {
-    const bool hasStyle =
-        m_clean.html[m_blockTagEnd - 1] == u'"' && m_clean.html.lastIndexOf(QLatin1String(" style="), m_blockTagEnd) >
-                                                       m_clean.html.lastIndexOf(u'<', m_blockTagEnd);
-    const QString css = QStringLiteral("-qt-paragraph-type:empty;");
-    m_clean.html.insert(hasStyle ? m_blockTagEnd - 1 : m_blockTagEnd,
-                        hasStyle ? css : QLatin1String(" style=") + Quoted(css));
   }
 
   CleanHtml m_clean;
+  HtmlLines m_lines;  ///< Off in front of the copied part, where elements are noted.
   QString m_sheet;
   QList<OpenElement> m_open;
-  bool m_outside = false;  ///< in front of the copied part, where elements are noted and nothing is written
   bool m_inHead = false;
-  bool m_hasContent = false;  ///< since the last start or end of a block
-  bool m_breakHadContent = false;
-  qsizetype m_lastBreak = -1;   ///< where a line break stands that nothing follows yet
-  qsizetype m_blankAt = -1;     ///< where a blank stands that nothing follows yet
-  qsizetype m_blockTagEnd = 0;  ///< of the block that was begun last; 0 where one ended since
   bool m_sheetKeepsBlanks = false;
   int m_tables = 0;
   qsizetype m_elements = 0;
