@@ -109,7 +109,9 @@ QSizeF RtfPictureInfo::ShownSize(QSize natural) const {
 
 QTextImageFormat RtfPictures::Add(const RtfPictureInfo& info, const QByteArray& data) {
   QImage image = Cropped(Decode(info, data), info);
-  const QSize natural = image.isNull() ? (info.width > 0 || info.goalWidth > 0 ? QSize() : kUnknownSize) : image.size();
+  const bool isSizeKnown = !image.isNull() || info.width > 0 || info.goalWidth > 0;
+  // A scale says nothing where there is nothing to be scaled.
+  const QSizeF shown = isSizeKnown ? info.ShownSize(image.size()) : QSizeF(kUnknownSize);
   if (image.isNull()) {
     m_warnings.Add(QStringLiteral("picture shown as a grey field"));
     image = Placeholder();
@@ -121,7 +123,6 @@ QTextImageFormat RtfPictures::Add(const RtfPictureInfo& info, const QByteArray& 
   if (std::none_of(m_pictures.begin(), m_pictures.end(), same)) m_pictures.push_back({name, image});
   QTextImageFormat format;
   format.setName(name);
-  const QSizeF shown = info.ShownSize(natural);
   format.setWidth(shown.width());
   format.setHeight(shown.height());
   return format;
