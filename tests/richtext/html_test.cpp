@@ -20,6 +20,7 @@ class HtmlTest : public QObject {
   void Text();
   void Formats_data();
   void Formats();
+  void LooseTextIsNoItem();
   void NothingIsLoaded();
   void DeepAndWideIsCut();
   void LongPagesAreKeptWhole();
@@ -85,6 +86,13 @@ void HtmlTest::Text_data() {
                                                 "<h1>a</h1>\n <p>\n <b>b</b> <i>c</i>\n </p>\n<table>\n <tr>\n "
                                                 "<td> d </td> </tr></table>\n<pre>  <b>e</b>  </pre>")
                                          << "a\nb c\nd \n  e  ";
+  QTest::newRow("loose text behind blocks")
+      << QByteArray("<div>a</div><b>b</b>c<p>d</p>\n<font color=red>e</font><ul><li>f</ul><i><h1>g</h1></i><a>h</a>")
+      << "a\nbc\nd\ne\nf\ng\nh";
+  QTest::newRow("a loose break") << QByteArray("<p>a</p><br><p>b</p><br>c") << "a\n\nb\n\nc";
+  QTest::newRow("blocks by their names")
+      << QByteArray("a<address>b</address>c<legend>d</legend>e<summary>f</summary>g<dialog>h</dialog>i")
+      << "a\nb\nc\nd\ne\nf\ng\nh\ni";
   QTest::newRow("lonely brackets") << QByteArray("<p>1 < 2 &amp; 3 > 2 <3</p>") << "1 < 2 & 3 > 2 <3";
   QTest::newRow("forbidden numbers") << QByteArray("<p>a&#0;&#x1b;&#xFDD0;b&#65;&#x10FFFF;</p>")
                                      << QString("abA") + QString::fromUcs4(U"\U0010FFFF");
@@ -128,6 +136,15 @@ void HtmlTest::Formats() {
   QFETCH(QString, fact);
   const QString description = test::Describe(RichText::FromHtml(html).Document()).join(u'\n');
   QVERIFY2(description.contains(fact), qPrintable(description));
+}
+
+void HtmlTest::LooseTextIsNoItem() {
+  const RichText text = RichText::FromHtml("<ul><li>a<ul><li>b</ul>c</ul><b>d</b>");
+  QString items;
+  for (QTextBlock block = text.Document().begin(); block.isValid(); block = block.next()) {
+    items += block.textList() ? block.text() : QString(u'-');
+  }
+  QCOMPARE(items, QStringLiteral("ab--"));
 }
 
 void HtmlTest::NothingIsLoaded() {

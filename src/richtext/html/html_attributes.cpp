@@ -47,6 +47,7 @@ QString ImpliedStyle(const HtmlToken& token, double& fontSize) {
   if (name == QLatin1String("ol")) return ListStartStyle(ListStartOf(token));
   if (name == QLatin1String("big")) return Size(fontSize * 1.2, fontSize);
   if (name == QLatin1String("small")) return Size(fontSize / 1.2, fontSize);
+  if (name == QLatin1String("address")) return QStringLiteral("font-style:italic;");
   if (name == QLatin1String("mark")) return QStringLiteral("background-color:#ffff00;");
   if (name.size() == 2 && name[0] == u'h') return Size(HeadingPoints(name[1].digitValue()), fontSize);
   return css;

@@ -138,9 +138,11 @@ class Cleaner {
 
   void Rule() {
     CloseImplied(QStringLiteral("div"));
+    m_lines.EndContents(m_open.size());
     m_lines.EndLine();
-    m_lines.StartBlock();
+    m_lines.StartBlock(m_open.size());
     m_lines.Write(QStringLiteral("<hr>"));
+    m_lines.NoteEndTag(m_open.size(), true);
   }
 
   void Picture(const HtmlToken& token) {
@@ -168,8 +170,9 @@ class Cleaner {
       ++m_elementsCut;
       return;
     }
+    if (element.isBlock) m_lines.EndContents(m_open.size());
     if (token.name == QLatin1String("table") || (element.isBlock && !IsPartOfTable(token.name))) m_lines.EndLine();
-    if (element.isBlock) m_lines.StartBlock();
+    if (element.isBlock) m_lines.StartBlock(m_open.size());
     if (token.name == QLatin1String("li")) StartItem(ValueOf(token, "value"));
     Push(token, IsTooMany(token) ? ElementNamed(QStringLiteral("div")) : element);
   }
@@ -303,6 +306,7 @@ class Cleaner {
 
   void CloseDownTo(qsizetype count) {
     while (m_open.size() > count) {
+      m_lines.EndContents(m_open.size());
       const OpenElement element = m_open.takeLast();
       if (element.isBlock) m_lines.EndBlock();
       if (element.name == QLatin1String("table")) {
@@ -310,6 +314,7 @@ class Cleaner {
         m_sizes.EndTable();
       }
       m_lines.Write(element.endTag);
+      m_lines.NoteEndTag(m_open.size(), element.isBlock);
     }
   }
 

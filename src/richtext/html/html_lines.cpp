@@ -20,12 +20,14 @@ void HtmlLines::DropBlank() {
 }
 
 void HtmlLines::Content() {
+  BeginLooseText();
   m_hasContent = true;
   m_lastBreak = -1;
   m_blankAt = -1;
 }
 
 void HtmlLines::Break() {
+  BeginLooseText();
   m_lastBreak = m_html.size();
   m_breakHadContent = m_hasContent;
   m_blankAt = -1;
@@ -33,10 +35,45 @@ void HtmlLines::Break() {
   m_hasContent = true;
 }
 
-void HtmlLines::StartBlock() {
+void HtmlLines::StartBlock(qsizetype depth) {
+  EndContents(depth);
+  ForgetLine();
+  m_blockEnd = -1;
+}
+
+void HtmlLines::ForgetLine() {
   DropBlank();
   m_hasContent = false;
   m_lastBreak = -1;
+}
+
+void HtmlLines::BeginLooseText() {
+  if (m_blockEnd < 0 || m_isOff) return;
+  const QLatin1String begin("<div>");
+  const QLatin1String end("</div>");
+  if (!m_looseDepths.isEmpty() && m_looseDepths.last() == m_depthAtBlockEnd) {
+    m_html.insert(m_blockEnd, end);
+    m_blockEnd += end.size();
+  } else {
+    m_looseDepths.append(m_depthAtBlockEnd);
+  }
+  m_html.insert(m_blockEnd, begin);
+  m_blockTagEnd = m_blockEnd + begin.size() - 1;
+  m_blockEnd = -1;
+}
+
+void HtmlLines::EndContents(qsizetype depth) {
+  while (!m_looseDepths.isEmpty() && m_looseDepths.last() >= depth) {
+    EndBlock();
+    Write(QStringLiteral("</div>"));
+    NoteEndTag(m_looseDepths.takeLast(), true);
+  }
+}
+
+void HtmlLines::NoteEndTag(qsizetype depth, bool isOfBlock) {
+  if (m_isOff || (!isOfBlock && (m_blockEnd < 0 || depth >= m_depthAtBlockEnd))) return;
+  m_blockEnd = m_html.size();
+  m_depthAtBlockEnd = depth;
 }
 
 void HtmlLines::EndBlock() {
@@ -47,7 +84,7 @@ void HtmlLines::EndBlock() {
   } else {
     EndLine();
   }
-  StartBlock();
+  ForgetLine();
   m_blockTagEnd = 0;
 }
 

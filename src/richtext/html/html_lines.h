@@ -1,11 +1,13 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 
 namespace snipdeck {
 
 /// HTML as it is written, which knows what its last line holds: blanks and line breaks that show nothing are left out, and
-/// an empty paragraph says that it is one.
+/// an empty paragraph says that it is one. Qt's importer puts what follows the end of a block into the last line of that
+/// block, unless it is in a block of its own; so loose text gets one. A depth is the number of elements that are open.
 class HtmlLines {
  public:
   /// While `isOff`, nothing is written and nothing is known of lines.
@@ -16,11 +18,16 @@ class HtmlLines {
   /// What follows is to be seen in the line.
   void Content();
   void Break();
-  void StartBlock();
+  /// A block is about to begin at `depth`.
+  void StartBlock(qsizetype depth);
   /// The start tag of a block has been written.
   void NoteBlockTag() { m_blockTagEnd = m_html.size() - 1; }
   /// A line break at the end of a paragraph shows nothing; alone in one, it says that the paragraph is empty.
   void EndBlock();
+  /// Nothing more follows inside the elements that are open at `depth`.
+  void EndContents(qsizetype depth);
+  /// An end tag has been written, which leads back to `depth`.
+  void NoteEndTag(qsizetype depth, bool isOfBlock);
   /// Between blocks, a line break ends the text in front of it, or is an empty paragraph of its own.
   void EndLine();
   /// A blank at the end of the whole text is part of it.
@@ -28,6 +35,8 @@ class HtmlLines {
   QString Take() { return std::move(m_html); }
 
  private:
+  void ForgetLine();
+  void BeginLooseText();
   void DropBlank();
   void MarkEmpty();
 
@@ -37,6 +46,9 @@ class HtmlLines {
   bool m_breakHadContent = false;
   qsizetype m_lastBreak = -1;   ///< Where a line break stands that nothing follows yet.
   qsizetype m_blankAt = -1;     ///< Where a blank stands that nothing follows yet.
+  qsizetype m_blockEnd = -1;    ///< Where a block ended that nothing follows yet.
+  qsizetype m_depthAtBlockEnd = 0;
+  QList<qsizetype> m_looseDepths;  ///< Of the blocks that were begun for loose text.
   qsizetype m_blockTagEnd = 0;  ///< Of the block that was begun last; 0 where one ended since.
 };
 
