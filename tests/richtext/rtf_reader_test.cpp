@@ -158,6 +158,7 @@ void RtfReaderTest::TimeGrowsLinearly_data() {
   QTest::newRow("rows that differ") << QByteArray(
       "\\trowd\\cellx900\\intbl a\\cell\\row\\trowd\\cellx700\\cellx900 b\\cell c\\cell\\row");
   QTest::newRow("tab stops") << QByteArray("\\pard\\tx# x\\par");
+  QTest::newRow("bytes beyond ASCII on lines of their own") << QByteArray("\xE9\n");
   QTest::newRow("borders") << QByteArray("\\pard\\brdrb\\brdrs\\brsp# x\\par");
   QTest::newRow("tables of other widths") << QByteArray("\\trowd\\cellx1#\\intbl a\\cell\\row\\pard x\\par");
 }

@@ -258,8 +258,9 @@ void RtfParser::ReadBytes(QByteArrayView bytes) {
 
 // The second byte of a character that is not escaped may look like a backslash or a brace.
 void RtfParser::ReadSecondHalf(QByteArrayView bytes) {
-  const bool mayBeHalf = !bytes.isEmpty() && !m_bytes.isEmpty() && static_cast<signed char>(bytes.back()) < 0;
-  if (!mayBeHalf || IncompleteTail(m_bytesCodePage, m_bytes) != 1) return;
+  if (bytes.isEmpty() || static_cast<signed char>(bytes.back()) >= 0) return;
+  FlushBytes(false);
+  if (m_bytes.size() != 1) return;
   const char next = m_tokenizer.Ahead(1).isEmpty() ? '\0' : m_tokenizer.Ahead(1)[0];
   const char pair[] = {m_bytes.back(), next};
   const QString character = DecodeCodePage(m_bytesCodePage, QByteArrayView(pair, 2));
