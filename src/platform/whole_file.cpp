@@ -45,6 +45,16 @@ Outcome WriteWholeFile(const QString& path, QByteArrayView contents) {
   return Done{};
 }
 
+Outcome WriteFileOrDevice(const QString& path, QByteArrayView contents) {
+  const QFileInfo present(path);
+  if (!present.exists() || present.isFile()) return WriteWholeFile(path, contents);
+  if (present.isDir()) return NotAFile(present);
+  QFile device(path);
+  if (!device.open(QIODevice::WriteOnly | QIODevice::Unbuffered)) return FailureOf(device);
+  if (!WriteAll(device, contents)) return FailureOf(device);
+  return Done{};
+}
+
 Result<QByteArray> ReadWholeFile(const QString& path) {
   const QFileInfo info(path);
   if (path.isEmpty()) return Failure{Failure::Kind::NotFound, QStringLiteral("No file name specified")};

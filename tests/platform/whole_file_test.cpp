@@ -1,11 +1,14 @@
 #include "platform/whole_file.h"
 
 #include <cerrno>
+#include <memory>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QThread>
 
 #include "fakes/file_size_limit.h"
 
@@ -78,6 +81,33 @@ class WholeFileTest : public QObject {
     const Outcome written = WriteWholeFile(path, "x");
     QTEST(written ? QString() : written.Error().text, "notWritten");
     QVERIFY(!QFileInfo(m_folder.filePath("pipe")).isFile());
+  }
+
+  void APipeOrDeviceIsWrittenIntoAndStays() {
+    const QString pipe = m_folder.filePath("into");
+    QCOMPARE(mkfifo(qPrintable(pipe), 0600), 0);
+    const QByteArray contents(200000, 'x');  // more than a pipe takes at once
+    QByteArray arrived;
+    const std::unique_ptr<QThread> reader(QThread::create([&] {
+      QFile file(pipe);
+      if (file.open(QIODevice::ReadOnly)) arrived = file.readAll();
+    }));
+    reader->start();
+    QVERIFY(WriteFileOrDevice(pipe, contents));
+    QVERIFY(reader->wait(10000));
+    QCOMPARE(arrived, contents);
+    QVERIFY(!QFileInfo(pipe).isFile());
+    QVERIFY(WriteFileOrDevice(m_path, "new"));
+    QCOMPARE(Contents(), QByteArray("new"));
+    QVERIFY(!WriteFileOrDevice(m_folder.path(), "x"));
+
+    const QString full = m_folder.filePath("full");
+    const bool isMade = mknod(qPrintable(full), S_IFCHR | 0600, makedev(1, 7)) == 0;
+    if (!isMade || !QFile(full).open(QIODevice::WriteOnly)) QSKIP("Only root makes devices, and not everywhere.");
+    const Outcome written = WriteFileOrDevice(full, "x");
+    QVERIFY(!written);
+    QCOMPARE(written.Error().text, qt_error_string(ENOSPC));
+    QVERIFY(QFileInfo::exists(full) && !QFileInfo(full).isFile());
   }
 
   void FilesThatTellNoSizeAreReadWhole() { QVERIFY(ReadWholeFile("/proc/self/status").Value().contains("Threads")); }

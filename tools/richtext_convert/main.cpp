@@ -6,8 +6,8 @@
 #include <QCommandLineParser>
 #include <QFile>
 #include <QGuiApplication>
-#include <QSaveFile>
 
+#include "platform/whole_file.h"
 #include "richtext/document_file.h"
 #include "richtext/rich_text.h"
 #include "richtext/text/text_writer.h"
@@ -42,9 +42,8 @@ QString Save(const QString& name, const QByteArray& bytes) {
     const bool written = output.open(stdout, QIODevice::WriteOnly) && output.write(bytes) == bytes.size();
     return written && output.flush() ? QString() : output.errorString();
   }
-  QSaveFile output(name);
-  const bool written = output.open(QIODevice::WriteOnly) && output.write(bytes) == bytes.size() && output.commit();
-  return written ? QString() : output.errorString();
+  const Outcome written = WriteFileOrDevice(name, bytes);
+  return written ? QString() : written.Error().text;
 }
 
 ExitCode Convert(const Task& task) {
