@@ -17,6 +17,16 @@ int BeginOfSurroundings(QTextCursor cursor) {
   return table ? table->cellAt(cursor).firstPosition() : 0;
 }
 
+QTextTable* TableThatBeginsAt(const QTextBlock& block) {
+  QTextTable* const table = block.isValid() ? QTextCursor(block).currentTable() : nullptr;
+  return table && table->firstPosition() == block.position() ? table : nullptr;
+}
+
+bool IsBelowTable(const QTextBlock& block) {
+  const QTextTable* const above = block.previous().isValid() ? QTextCursor(block.previous()).currentTable() : nullptr;
+  return above && above->lastPosition() == block.position() - 1;
+}
+
 }  // namespace
 
 // A ground that has no colour is drawn as none, but Qt takes a paragraph with one for meant.
@@ -35,9 +45,13 @@ bool IsBlankLine(const QTextBlock& block) {
 }
 
 bool IsHiddenBlankLine(const QTextBlock& block) {
-  if (!IsBlankLine(block) || HasGround(block) || !block.next().isValid()) return false;
-  const QTextCursor below(block.next());
-  return below.currentTable() && below.currentTable()->firstPosition() == block.next().position();
+  return IsBlankLine(block) && !HasGround(block) && TableThatBeginsAt(block.next());
+}
+
+bool IsBlankLineBelowTable(const QTextBlock& block) {
+  if (block.length() > 1 || !IsBelowTable(block) || !block.next().isValid()) return false;
+  if (TableThatBeginsAt(block.next())) return HasGround(block);
+  return BeginOfSurroundings(QTextCursor(block)) == BeginOfSurroundings(QTextCursor(block.next()));
 }
 
 }  // namespace snipdeck

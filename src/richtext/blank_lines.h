@@ -13,4 +13,8 @@ bool IsBlankLine(const QTextBlock& block);
 /// Whether a person who sees no line there would miss one: a blank line before a table that was not given its room.
 bool IsHiddenBlankLine(const QTextBlock& block);
 
+/// An empty paragraph right below a table that is a line of its own and not merely the place behind the table: text goes
+/// on below it, or it was given its room before another table. Qt shows it nowhere, whatever its format.
+bool IsBlankLineBelowTable(const QTextBlock& block);
+
 }  // namespace snipdeck

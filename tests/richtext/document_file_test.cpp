@@ -1,5 +1,8 @@
 #include "richtext/document_file.h"
 
+#include <QBuffer>
+#include <QPainter>
+#include <QPdfDocument>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextBlock>
@@ -73,6 +76,26 @@ void FillSample(QTextDocument& document, const PageGeometry& page = {}) {
   SetPageOf(document, page);
 }
 
+/// The rectangle of all that is drawn on the first page of the text as PDF, in points.
+QRectF InkOnPaper(const QByteArray& rtf) {
+  constexpr double kDotsPerPoint = 4;
+  const Result<RichText> text = ReadDocumentBytes("{\\rtf1{\\fonttbl{\\f0 Liberation Sans;}}\\fs24 " + rtf + "}", FileFormat::Rtf);
+  QByteArray bytes = WriteDocumentBytes(text.Value().Document(), FileFormat::Pdf).Value();
+  QBuffer buffer(&bytes);
+  buffer.open(QIODevice::ReadOnly);
+  QPdfDocument pdf;
+  pdf.load(&buffer);
+  QImage sheet((pdf.pagePointSize(0) * kDotsPerPoint).toSize(), QImage::Format_RGB32);
+  sheet.fill(Qt::white);
+  QPainter(&sheet).drawImage(0, 0, pdf.render(0, sheet.size()));
+  QRect ink;
+  for (int y = 0; y < sheet.height(); ++y) {
+    for (int x = 0; x < sheet.width(); ++x)
+      if (qGray(sheet.pixel(x, y)) < 128) ink |= QRect(x, y, 1, 1);
+  }
+  return {QPointF(ink.topLeft()) / kDotsPerPoint, QSizeF(ink.size()) / kDotsPerPoint};
+}
+
 QStringList Words(const QString& text) {
   return text.simplified().split(u' ');
 }
@@ -86,6 +109,7 @@ class DocumentFileTest : public QObject {
   void DocxKeepsRandomDocuments();
   void FormatsKeepTextAndPage_data();
   void FormatsKeepTextAndPage();
+  void PdfPlacesTextAsItsMeasuresSay();
   void StyleSheetFitsThePage();
   void DocxShowsWhatWordShows_data();
   void DocxShowsWhatWordShows();
@@ -148,6 +172,25 @@ void DocumentFileTest::FormatsKeepTextAndPage() {
   if (format == FileFormat::Pdf) found = {found.width, found.height, page.left, page.top, page.right, page.bottom};
   QCOMPARE(found, page);
   if (format == FileFormat::Pdf) QVERIFY(bytes.Value().contains("/URI (https://example.org/)"));
+}
+
+void DocumentFileTest::PdfPlacesTextAsItsMeasuresSay() {
+  constexpr double kInch = 72;
+  const auto isNear = [](double found, double meant) { return std::abs(found - meant) < 2; };
+  QVERIFY(isNear(InkOnPaper("H").left(), kInch));
+  QVERIFY(isNear(InkOnPaper("\\li1440 H").left(), 2 * kInch));
+  QVERIFY(isNear(InkOnPaper("\\li1440\\fi-720 H").left(), 1.5 * kInch));
+  QVERIFY(isNear(InkOnPaper("\\ri1440\\qr H").right(), 595 - 2 * kInch));
+  QVERIFY(isNear(InkOnPaper("\\trowd\\trgaph0\\cellx5000\\intbl\\li1440 H\\cell\\row").left(), 2 * kInch));
+  const double capitals = InkOnPaper("HHHHHHHHHH").width();
+  QVERIFY(isNear(InkOnPaper("{\\scaps hhhhhhhhhh}").width(), 0.7 * capitals));
+  QVERIFY(isNear(InkOnPaper("{\\scaps HHHHHHHHHH}").width(), capitals));
+
+  // An empty line has its room also where Qt would hide it.
+  const QByteArray table = "\\trowd\\cellx3000\\intbl H\\cell\\row\\pard ";
+  constexpr double kLine = 13.8;
+  QVERIFY(isNear(InkOnPaper(table + "\\par " + table).height(), InkOnPaper(table + table).height() + kLine));
+  QVERIFY(isNear(InkOnPaper(table + "\\par H").height(), InkOnPaper(table + "H").height() + kLine));
 }
 
 void DocumentFileTest::StyleSheetFitsThePage() {

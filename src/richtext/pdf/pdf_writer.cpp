@@ -6,14 +6,13 @@
 #include <QBuffer>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QTextBlock>
 #include <QTextCursor>
 
 #include "platform/units.h"
 #include "richtext/document_copier.h"
 #include "richtext/document_page.h"
-#include "richtext/format_properties.h"
 #include "richtext/page_drawing.h"
+#include "richtext/pdf/paper_text.h"
 #include "richtext/safe_document.h"
 
 namespace snipdeck {
@@ -23,45 +22,6 @@ constexpr int kDotsPerInch = 1200;
 
 double Dots(int twips) {
   return twips * static_cast<double>(kDotsPerInch) / kTwipsPerInch;
-}
-
-bool IsRightToLeft(QChar c) {
-  return c.direction() == QChar::DirR || c.direction() == QChar::DirAL;
-}
-
-/// Takes the letter spacing of the document's font from words that run from right to left: with it, readers of PDF
-/// files find a blank behind each letter.
-void JoinRightToLeft(QTextDocument& document) {
-  QTextCharFormat joined;
-  joined.setFontLetterSpacingType(QFont::AbsoluteSpacing);
-  joined.setFontLetterSpacing(0);
-  QTextCursor cursor(&document);
-  for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-    const QString text = block.text();
-    for (auto begin = std::find_if(text.begin(), text.end(), IsRightToLeft); begin != text.end();) {
-      const auto end = std::find_if(begin, text.end(), [](QChar c) { return c.isLetter() && !IsRightToLeft(c); });
-      cursor.setPosition(block.position() + static_cast<int>(begin - text.begin()));
-      cursor.setPosition(block.position() + static_cast<int>(end - text.begin()), QTextCursor::KeepAnchor);
-      cursor.mergeCharFormat(joined);
-      begin = std::find_if(end, text.end(), IsRightToLeft);
-    }
-  }
-}
-
-void RemoveHidden(QTextDocument& document) {
-  QTextCursor cursor(&document);
-  for (QTextBlock block = document.lastBlock(); block.isValid(); block = block.previous()) {
-    QList<QPair<int, int>> hidden;
-    for (auto it = block.begin(); !it.atEnd(); ++it) {
-      const QTextFragment fragment = it.fragment();
-      if (fragment.charFormat().boolProperty(kHiddenText)) hidden.prepend({fragment.position(), fragment.length()});
-    }
-    for (const auto& [position, length] : std::as_const(hidden)) {
-      cursor.setPosition(position);
-      cursor.setPosition(position + length, QTextCursor::KeepAnchor);
-      cursor.removeSelectedText();
-    }
-  }
 }
 
 /// A copy of the text, laid out in pages. Tables that would go over the edge of the sheet make all of it smaller. Qt
@@ -75,8 +35,7 @@ class Paged {
     m_document.setDocumentMargin(0);
     QTextCursor cursor(&m_document);
     CopyText(source, 0, EndOf(source), cursor);
-    RemoveHidden(m_document);
-    JoinRightToLeft(m_document);
+    PrepareForPaper(m_document, kDotsPerInch);
     m_document.documentLayout()->setPaintDevice(&writer);
     m_document.setPageSize(TextSize());
     FitWidth();
