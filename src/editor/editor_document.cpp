@@ -140,6 +140,7 @@ void EditorDocument::Resume(const QString& path, const std::function<void()>& fi
 void EditorDocument::EmptyText() {
   const QScopedValueRollback replacing(m_isReplacing, true);
   m_control.SetText(QString());
+  m_control.SetPageTextsToSave({});
   m_isUnread = false;
 }
 
@@ -156,6 +157,7 @@ void EditorDocument::LoadDocument(OpenMode mode) {
 void EditorDocument::LoadFile() {
   const QScopedValueRollback replacing(m_isReplacing, true);
   m_isUnread = !m_control.LoadFile(m_fileName, 0, LoadFormatForName(m_fileName, false));
+  if (!m_isUnread) m_control.SetPageTextsToSave(m_control.LoadedPageTexts());
   TakePageFromFile(m_control);
   m_control.ClearUndoHistory();
   m_control.SetSelStart(0);

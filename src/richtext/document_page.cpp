@@ -34,6 +34,11 @@ PageGeometry WithRoom(PageGeometry page) {
   return page;
 }
 
+void SetOrClear(QTextFrameFormat& page, FormatProperty property, const QString& text) {
+  if (text.isEmpty()) return page.clearProperty(property);
+  page.setProperty(property, text);
+}
+
 }  // namespace
 
 PageGeometry PageOf(const QTextDocument& document) {
@@ -49,6 +54,15 @@ void SetPageOf(QTextDocument& document, const PageGeometry& page) {
   QTextFrameFormat format = document.rootFrame()->frameFormat();
   for (const Entry& entry : kEntries) format.setProperty(entry.property, wanted.*entry.value);
   if (format != document.rootFrame()->frameFormat()) document.rootFrame()->setFrameFormat(format);
+}
+
+PageTexts PageTextsOf(const QTextFrameFormat& page) {
+  return {page.stringProperty(kHeaderText), page.stringProperty(kFooterText)};
+}
+
+void SetPageTexts(QTextFrameFormat& page, const PageTexts& texts) {
+  SetOrClear(page, kHeaderText, texts.header);
+  SetOrClear(page, kFooterText, texts.footer);
 }
 
 }  // namespace snipdeck

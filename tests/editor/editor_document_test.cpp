@@ -5,6 +5,8 @@
 #include <QFileInfo>
 
 #include "editor/editor_stage.h"
+#include "richtext/document_file.h"
+#include "richtext/document_page.h"
 
 namespace snipdeck {
 
@@ -115,6 +117,41 @@ class EditorDocumentTest : public QObject {
     stage.Document().Start(OpenMode::File, stage.Write(u"plain.rtf"_s, "{\\rtf1 a}"));
     for (int side = 0; side < 4; ++side) QCOMPARE(stage.Text().PageMargins(side), 1440);
     QCOMPARE(stage.Text().PageWidth(), 11906);
+  }
+
+  void HeadersAndFootersOfTheFileAreKept_data() {
+    QTest::addColumn<QByteArray>("body");
+    QTest::addColumn<QString>("savedAs");
+    const QByteArray row = "\\trowd\\cellx3000\\intbl text\\cell\\row";
+    QTest::newRow("rtf") << QByteArray("text") << u"b.rtf"_s;
+    QTest::newRow("docx") << QByteArray("text") << u"b.docx"_s;
+    QTest::newRow("a table") << row << u"b.rtf"_s;
+  }
+  void HeadersAndFootersOfTheFileAreKept() {
+    QFETCH(QByteArray, body);
+    QFETCH(QString, savedAs);
+    EditorStage stage;
+    const QString path = stage.Write(u"a.rtf"_s, "{\\rtf1{\\header one\\tab\\u8364 ?\\par two\\par}{\\footer foot}" + body + "}");
+    const QString saved = stage.Path(savedAs);
+    const auto texts = [](const QString& name, FileFormat format) {
+      const Result<RichText> read = ReadDocumentFile(name, format);
+      return read ? PageTextsOf(read.Value().Page()) : PageTexts{u"unreadable"_s, {}};
+    };
+    stage.Open(OpenMode::File, path);
+    QCOMPARE(stage.Text().Text().trimmed(), u"text"_s);
+    stage.dialogs.ExpectSave(SaveRequest(path), saved);
+    stage.Document().SaveAs();
+    const PageTexts kept = texts(saved, savedAs.endsWith(u"rtf"_s) ? FileFormat::Rtf : FileFormat::Docx);
+    QCOMPARE(kept.header, u"one\t\u20AC\ntwo"_s);
+    QCOMPARE(kept.footer, u"foot"_s);
+
+    // Behind it, neither in a text that has none nor in what is copied.
+    stage.Text().selectAll();
+    QVERIFY(!stage.Text().SelRichText().Rtf().contains("foot"));
+    stage.Document().New();
+    stage.dialogs.ExpectSave(SaveRequest(u"Untitled.rtf"_s), path);
+    stage.Document().Save();
+    QVERIFY(texts(path, FileFormat::Rtf) == PageTexts());
   }
 
   void CaptionsAndNamesFollowTheCommands() {

@@ -110,6 +110,7 @@ class DocumentFileTest : public QObject {
   void FormatsKeepTextAndPage_data();
   void FormatsKeepTextAndPage();
   void PdfPlacesTextAsItsMeasuresSay();
+  void DocxHeadersAreFound();
   void StyleSheetFitsThePage();
   void DocxShowsWhatWordShows_data();
   void DocxShowsWhatWordShows();
@@ -191,6 +192,36 @@ void DocumentFileTest::PdfPlacesTextAsItsMeasuresSay() {
   constexpr double kLine = 13.8;
   QVERIFY(isNear(InkOnPaper(table + "\\par " + table).height(), InkOnPaper(table + table).height() + kLine));
   QVERIFY(isNear(InkOnPaper(table + "\\par H").height(), InkOnPaper(table + "H").height() + kLine));
+}
+
+// The first section has a header for its first page only, and the second one an empty one.
+void DocumentFileTest::DocxHeadersAreFound() {
+  const auto section = [](const QByteArray& references) {
+    return "<w:p><w:pPr><w:sectPr xmlns:r='http://schemas.openxmlformats.org/officeDocument/2006/relationships'>" +
+           references + "</w:sectPr></w:pPr><w:r><w:t>text</w:t></w:r></w:p>";
+  };
+  const auto part = [](const QByteArray& text) {
+    return QByteArray("<w:hdr ") + kWord + "><w:p><w:r><w:t>" + text + "</w:t><w:tab/></w:r></w:p><w:p><w:r><w:t>" + text +
+           "</w:t></w:r></w:p></w:hdr>";
+  };
+  ZipWriter zip;
+  zip.Add(QStringLiteral("word/document.xml"),
+          Body(section("<w:headerReference w:type='first' r:id='rId1'/>") +
+               section("<w:headerReference w:type='default' r:id='rId2'/><w:headerReference r:id='rId3'/>") +
+               section("<w:headerReference w:type='default' r:id='rId1'/><w:footerReference r:id='gone'/>")));
+  zip.Add(QStringLiteral("word/_rels/document.xml.rels"),
+          "<Relationships><Relationship Id='rId1' Type='a/header' Target='header1.xml'/><Relationship Id='rId2' "
+          "Type='a/header' Target='header2.xml'/><Relationship Id='rId3' Type='a/header' Target='header3.xml'/>"
+          "</Relationships>");
+  zip.Add(QStringLiteral("word/header1.xml"), part("first"));
+  zip.Add(QStringLiteral("word/header2.xml"), part(" "));
+  zip.Add(QStringLiteral("word/header3.xml"), part("head"));
+  const Result<RichText> read = ReadDocumentBytes(zip.Finish().Value(), FileFormat::Docx);
+  QVERIFY(read);
+  const PageTexts texts = PageTextsOf(read.Value().Page());
+  QCOMPARE(texts.header, QStringLiteral("head\t\nhead"));
+  QCOMPARE(texts.footer, QString());
+  QCOMPARE(Words(read.Value().PlainText()), Words(QStringLiteral("text text text")));
 }
 
 void DocumentFileTest::StyleSheetFitsThePage() {

@@ -11,6 +11,7 @@
 #include "platform/page_geometry.h"
 #include "platform/result.h"
 #include "platform/units.h"
+#include "richtext/document_page.h"
 #include "richtext/file_format.h"
 #include "richtext/rich_text.h"
 
@@ -179,6 +180,10 @@ class RichTextControl : public QTextEdit {
   /// kept as given.
   int LoadSaveAttribute(int index) const;
   void SetLoadSaveAttribute(int index, int value);
+  /// Headers and footers are no part of the text: a host that keeps them for a file gives back to the saves what the
+  /// load found.
+  const PageTexts& LoadedPageTexts() const { return m_loadedPageTexts; }
+  void SetPageTextsToSave(const PageTexts& texts) { m_pageTextsToSave = texts; }
   /// Where the control shows that a load or save failed; null, as it is made, for nowhere. Outlives the control.
   void SetMessages(MessageBox* messages) { m_messages = messages; }
   /// What keeps the windows alive while a file is read or written, and lets the user cancel; null, as it is made, reads
@@ -267,6 +272,8 @@ class RichTextControl : public QTextEdit {
   int m_pageDisplayOption = 0;
   std::array<int, 16> m_controlOptions{};
   std::array<int, 64> m_loadSaveAttributes{};
+  PageTexts m_loadedPageTexts;
+  PageTexts m_pageTextsToSave;
   MessageBox* m_messages = nullptr;
   LongWork* m_longWork = nullptr;
   OleColour m_backColor = OleFromRgb(255, 255, 255);

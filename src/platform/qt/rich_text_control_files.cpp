@@ -60,8 +60,8 @@ bool Run(LongWork* longWork, const QString& what, const LongWork::Work& work, co
 /// What is written of a text that is shown, whatever shows it does with it meanwhile.
 class TextCopy {
  public:
-  TextCopy(const QTextDocument& content, const std::optional<PageGeometry>& page)
-      : m_content(content), m_page(page), m_font(content.defaultFont()), m_flow(content) {}
+  TextCopy(const QTextDocument& content, const std::optional<PageGeometry>& page, const PageTexts& pageTexts)
+      : m_content(content), m_page(page), m_pageTexts(pageTexts), m_font(content.defaultFont()), m_flow(content) {}
 
   /// For some milliseconds, but all at once where there are tables or frames. False when all is copied.
   bool TakePart() {
@@ -79,7 +79,9 @@ class TextCopy {
     SafeDocument document;
     document.setDefaultFont(m_font);
     QTextCursor cursor(&document);
-    document.rootFrame()->setFrameFormat(m_copy.Page());
+    QTextFrameFormat named = m_copy.Page();
+    SetPageTexts(named, m_pageTexts);
+    document.rootFrame()->setFrameFormat(named);
     m_copy.InsertAt(cursor);
     if (m_page) SetPageOf(document, *m_page);
     return WriteDocumentFile(document, path, format, progress);
@@ -88,6 +90,7 @@ class TextCopy {
  private:
   const QTextDocument& m_content;
   const std::optional<PageGeometry> m_page;
+  const PageTexts m_pageTexts;
   const QFont m_font;
   DocumentFlow m_flow;
   RichText m_copy;
@@ -150,6 +153,7 @@ Outcome RichTextControl::LoadFile(const QString& path, int, FileFormat format) {
 void RichTextControl::BeginLoaded(const RichText& text) {
   const QTextFrameFormat named = text.Page();
   for (int i = 0; i < kPageAttributes; ++i) SetLoadSaveAttribute(i, named.intProperty(PageProperty(i)));
+  m_loadedPageTexts = PageTextsOf(named);
   PageGeometry page = Page();
   SetText(QString());
   QTextEdit::document()->setUndoRedoEnabled(false);
@@ -171,8 +175,8 @@ std::optional<PageGeometry> RichTextControl::PageToSave() const {
 
 Outcome RichTextControl::SaveTo(const QString& path, FileFormat format) {
   const std::optional<PageGeometry> page = PageToSave();
-  if (!m_longWork && !page) return WriteDocumentFile(*document(), path, format);
-  TextCopy copy(*document(), page);
+  if (!m_longWork && !page && m_pageTextsToSave == PageTexts()) return WriteDocumentFile(*document(), path, format);
+  TextCopy copy(*document(), page, m_pageTextsToSave);
   Outcome saved = Cancelled();
   const auto write = [&](const LongWork::Step& step) { saved = copy.Write(path, format, step); };
   Run(m_longWork, tr("Saving %1 ...").arg(FileName(path)), write, {[&copy] { return copy.TakePart(); }, {}});

@@ -8,6 +8,7 @@ namespace {
 
 constexpr int kDeepest = 120;
 constexpr int kProgressStep = 200;  // paragraphs
+constexpr int kMostPageTexts = 20;  // that are looked at for one that is not empty
 
 /// Elements around paragraphs or runs that only say something about them.
 bool IsWrapper(const XmlPart& xml) {
@@ -145,6 +146,7 @@ bool DocxBody::ReadSection(XmlPart& xml) {
   const bool isFirst = !m_context.page.hasProperty(kPageWidth) && !m_context.page.hasProperty(kPageMarginLeft);
   while (xml.readNextStartElement()) {
     if (isFirst) ReadPage(xml);
+    NotePageText(xml);
     if (xml.Is("type")) startsPage = xml.Value() != QLatin1String("continuous");
     xml.skipCurrentElement();
   }
@@ -167,6 +169,15 @@ void DocxBody::ReadPage(XmlPart& xml) {
     set(kPageMarginRight, "right", 0);
     set(kPageMarginBottom, "bottom", 0);
   }
+}
+
+void DocxBody::NotePageText(const XmlPart& xml) {
+  const bool isHeader = xml.Is("headerReference");
+  if (!isHeader && !xml.Is("footerReference")) return;
+  const QString kind = xml.Value("type");
+  if (!kind.isEmpty() && kind != QLatin1String("default")) return;
+  QStringList& ids = isHeader ? m_context.pageTexts.headers : m_context.pageTexts.footers;
+  if (ids.size() < kMostPageTexts) ids.append(xml.RelationshipId());
 }
 
 void DocxBody::Inline(XmlPart& xml) {

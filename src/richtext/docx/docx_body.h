@@ -5,6 +5,7 @@
 #include "richtext/docx/docx_fields.h"
 #include "richtext/docx/docx_formats.h"
 #include "richtext/docx/docx_notes.h"
+#include "richtext/docx/docx_page_texts.h"
 #include "richtext/flow_text.h"
 #include "richtext/ooxml/zip_package.h"
 #include "richtext/rtf/rtf_picture.h"
@@ -21,6 +22,7 @@ struct DocxContext {
   RtfPictures& pictures;
   DocxNotes& notes;
   QTextFrameFormat& page;
+  DocxPageTexts& pageTexts;
   std::function<bool(double)> progress;  ///< Asked now and then whether to go on; may be empty.
 };
 
@@ -58,6 +60,7 @@ class DocxBody {
   Flow NestedFlow(XmlPart& xml);
   bool ReadSection(XmlPart& xml);
   void ReadPage(XmlPart& xml);
+  void NotePageText(const XmlPart& xml);
 
   // Inside of paragraphs
   void Inline(XmlPart& xml);

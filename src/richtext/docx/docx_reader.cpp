@@ -1,5 +1,6 @@
 #include "richtext/docx/docx_reader.h"
 
+#include "richtext/document_page.h"
 #include "richtext/docx/docx_body.h"
 
 namespace snipdeck {
@@ -13,7 +14,7 @@ class Reader {
  public:
   Reader(ZipPackage& package, const std::function<bool(double)>& progress)
       : m_package(package),
-        m_context{package, m_theme, m_styles, m_formats, m_warnings, m_pictures, m_notes, m_text.page, progress} {}
+        m_context{package, m_theme, m_styles, m_formats, m_warnings, m_pictures, m_notes, m_text.page, m_pageTexts, progress} {}
 
   Result<FlowText> Read() {
     const QString main = m_package.MainPart(QStringLiteral("word/document.xml"));
@@ -25,6 +26,7 @@ class Reader {
     if (!body) return body.Error();
     ReadNotes(PartOfType(m_relationships, "footnotes"), false);
     ReadNotes(PartOfType(m_relationships, "endnotes"), true);
+    SetPageTexts(m_text.page, {PageText(m_pageTexts.headers), PageText(m_pageTexts.footers)});
     m_text.formats = std::move(m_formats.Formats());
     m_text.pictures = m_pictures.Take();
     return std::move(m_text);
@@ -81,6 +83,26 @@ class Reader {
     for (Flow& note : notes) m_text.pieces.push_back(std::move(note));
   }
 
+  /// Of the first part that has text.
+  QString PageText(const QStringList& ids) {
+    for (const QString& id : ids) {
+      const QString text = TextOfPart(m_relationships.value(id).target).trimmed();
+      if (!text.isEmpty()) return text;
+    }
+    return {};
+  }
+
+  QString TextOfPart(const QString& name) {
+    const QByteArray part = m_package.OptionalPart(name);
+    XmlPart xml(part);
+    if (part.isEmpty() || !xml.EnterRoot()) return {};
+    const Relationships relationships = m_package.RelationshipsOf(name);
+    FlowText story;
+    story.pieces.push_back(DocxBody(m_context, relationships).Read(xml));
+    story.formats = m_formats.Formats();
+    return CharactersOf(story);
+  }
+
   ZipPackage& m_package;
   Relationships m_relationships;
   DocxTheme m_theme;
@@ -90,6 +112,7 @@ class Reader {
   RtfWarnings m_warnings;
   RtfPictures m_pictures{m_warnings};
   DocxNotes m_notes;
+  DocxPageTexts m_pageTexts;
   FlowText m_text;
   DocxContext m_context;
 };

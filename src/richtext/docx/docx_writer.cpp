@@ -5,9 +5,11 @@
 #include <QTextFrame>
 #include <QTextTable>
 
+#include "richtext/document_page.h"
 #include "richtext/document_walker.h"
 #include "richtext/docx/docx_writer_properties.h"
 #include "richtext/docx/docx_writer_tables.h"
+#include "richtext/docx/docx_writer_text.h"
 #include "richtext/format_properties.h"
 #include "richtext/ooxml/zip_writer.h"
 #include "richtext/pictures.h"
@@ -84,7 +86,10 @@ class References {
 class DocxVisitor : public DocumentVisitor {
  public:
   DocxVisitor(const QTextDocument& document, const std::function<bool(double)>& progress)
-      : m_document(document), m_progress(progress), m_textWidth(TextWidthTwips(document)) {
+      : m_document(document),
+        m_progress(progress),
+        m_textWidth(TextWidthTwips(document)),
+        m_texts(PageTextsOf(document.rootFrame()->frameFormat())) {
     m_out.Start("w:document");
     m_out.Attribute("xmlns:w", QString::fromLatin1(kWordNamespace));
     m_out.Attribute("xmlns:r", QString::fromLatin1(kOfficeRelationships));
@@ -108,6 +113,8 @@ class DocxVisitor : public DocumentVisitor {
     zip.Add(QStringLiteral("word/document.xml"), m_out.Take());
     zip.Add(QStringLiteral("word/styles.xml"), m_styles.Part(m_document.defaultFont()));
     if (!m_lists.IsEmpty()) zip.Add(QStringLiteral("word/numbering.xml"), m_lists.Part());
+    if (!m_texts.header.isEmpty()) zip.Add(QStringLiteral("word/header1.xml"), PageTextPart("w:hdr", m_texts.header));
+    if (!m_texts.footer.isEmpty()) zip.Add(QStringLiteral("word/footer1.xml"), PageTextPart("w:ftr", m_texts.footer));
     m_references.AddTo(zip);
     return zip.Finish();
   }
@@ -128,7 +135,7 @@ class DocxVisitor : public DocumentVisitor {
     EnterLink(format.anchorHref());
     m_out.Start("w:r");
     WriteRunProperties(m_out, format, m_document.defaultFont(), m_styles);
-    WriteCharacters(text);
+    WriteRunText(m_out, text);
     m_out.End();
   }
 
@@ -195,42 +202,6 @@ class DocxVisitor : public DocumentVisitor {
     m_link.clear();
   }
 
-  /// Characters for which the format has elements stand outside of the text.
-  void WriteCharacters(QStringView text) {
-    qsizetype begin = 0;
-    for (qsizetype i = 0; i <= text.size(); ++i) {
-      const char* const element = i < text.size() ? ElementFor(text[i]) : nullptr;
-      if (i < text.size() && !element) continue;
-      WriteText(text.mid(begin, i - begin));
-      if (element) m_out.Empty(element);
-      begin = i + 1;
-    }
-  }
-
-  static const char* ElementFor(QChar character) {
-    switch (character.unicode()) {
-      case u'\t':
-        return "w:tab";
-      case QChar::LineSeparator:
-      case u'\n':
-        return "w:br";
-      case 0x2011:
-        return "w:noBreakHyphen";
-      case 0xAD:
-        return "w:softHyphen";
-      default:
-        return nullptr;
-    }
-  }
-
-  void WriteText(QStringView text) {
-    if (text.isEmpty()) return;
-    m_out.Start("w:t");
-    m_out.Attribute("xml:space", QStringLiteral("preserve"));
-    m_out.Text(text);
-    m_out.End();
-  }
-
   void WritePicture(const QString& id, QSizeF pixels) {
     const int width = std::max(qRound(pixels.width() * kEmuPerPixel), 1);
     const int height = std::max(qRound(pixels.height() * kEmuPerPixel), 1);
@@ -282,6 +253,8 @@ class DocxVisitor : public DocumentVisitor {
       if (page.hasProperty(property)) m_out.Attribute(name, page.intProperty(property));
     };
     m_out.Start("w:sectPr");
+    if (!m_texts.header.isEmpty()) ReferTo("w:headerReference", "header", QStringLiteral("header1.xml"));
+    if (!m_texts.footer.isEmpty()) ReferTo("w:footerReference", "footer", QStringLiteral("footer1.xml"));
     if (page.intProperty(kPageWidth) > 0 && page.intProperty(kPageHeight) > 0) {
       m_out.Empty("w:pgSz");
       attribute("w:w", kPageWidth);
@@ -297,6 +270,12 @@ class DocxVisitor : public DocumentVisitor {
       attribute("w:left", kPageMarginLeft);
     }
     m_out.End();
+  }
+
+  void ReferTo(const char* element, const char* type, const QString& part) {
+    m_out.Empty(element);
+    m_out.Attribute("w:type", QStringLiteral("default"));
+    m_out.Attribute("r:id", m_references.Part(type, part));
   }
 
   QByteArray ContentTypes() const {
@@ -318,6 +297,8 @@ class DocxVisitor : public DocumentVisitor {
     part("/word/document.xml", "document.main");
     part("/word/styles.xml", "styles");
     if (!m_lists.IsEmpty()) part("/word/numbering.xml", "numbering");
+    if (!m_texts.header.isEmpty()) part("/word/header1.xml", "header");
+    if (!m_texts.footer.isEmpty()) part("/word/footer1.xml", "footer");
     out.End();
     return out.Take();
   }
@@ -337,6 +318,7 @@ class DocxVisitor : public DocumentVisitor {
   const QTextDocument& m_document;
   const std::function<bool(double)>& m_progress;
   const int m_textWidth;
+  const PageTexts m_texts;
   XmlOut m_out;
   References m_references;
   DocxWriterStyles m_styles;

@@ -3,6 +3,7 @@
 #include <QTextDocument>
 #include <QTextFrame>
 
+#include "richtext/document_page.h"
 #include "richtext/document_walker.h"
 #include "richtext/format_properties.h"
 #include "richtext/format_values.h"
@@ -215,6 +216,20 @@ void WritePageGeometry(RtfOutput& out, const QTextFrameFormat& format) {
   write(kPageMarginBottom, "margb");
 }
 
+void WritePageText(RtfOutput& out, const char* group, const QString& text) {
+  if (text.isEmpty()) return;
+  out.OpenGroup(group);
+  const auto paragraphs = QStringView(text).split(u'\n');
+  for (const QStringView paragraph : paragraphs) {
+    out.Word("pard");
+    out.Word("plain");
+    out.Text(paragraph);
+    out.Word("par");
+  }
+  out.CloseGroup();
+  out.LineEnd();
+}
+
 }  // namespace
 
 QByteArray WriteRtf(const QTextDocument& document, int begin, int end) {
@@ -225,8 +240,11 @@ QByteArray WriteRtf(const QTextDocument& document, int begin, int end) {
   rtf.Raw("{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1\n");
   visitor.Header().WriteTables(rtf);
   visitor.Lists().WriteTables(rtf);
-  WritePageGeometry(rtf, document.rootFrame()->frameFormat());
+  const QTextFrameFormat page = document.rootFrame()->frameFormat();
+  WritePageGeometry(rtf, page);
   rtf.LineEnd();
+  WritePageText(rtf, "header", PageTextsOf(page).header);
+  WritePageText(rtf, "footer", PageTextsOf(page).footer);
   rtf.Append(visitor.Body());
   rtf.CloseGroup();
   return rtf.TakeBytes();
