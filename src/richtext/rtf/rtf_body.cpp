@@ -37,6 +37,7 @@ QString Filtered(QStringView text) {
 }  // namespace
 
 void RtfBody::Text(QStringView text) {
+  m_shown += text.size();
   const GroupState& state = m_parser.State();
   if (state.character.hidden && !m_parser.IsForDocument()) return;
   if (HasForbidden(text)) text = m_filtered = Filtered(text);
@@ -45,6 +46,7 @@ void RtfBody::Text(QStringView text) {
 
 void RtfBody::AddImage(const QTextImageFormat& format) {
   static constexpr QChar kObject = QChar::ObjectReplacementCharacter;
+  ++m_shown;
   m_paragraph.AddRun(QStringView(&kObject, 1), m_parser.Formats().AddCharacter(format));
 }
 

@@ -35,6 +35,8 @@ class RtfBody : public RtfDestination {
   /// Text that is to follow the paragraph that is being read.
   void AddAfterParagraph(Flow&& flow);
   bool HasOpenParagraph() const { return !m_paragraph.IsEmpty(); }
+  /// How many characters and pictures it got so far, hidden ones included.
+  qint64 Shown() const { return m_shown; }
 
  private:
   /// A table that is being read: rows that are complete, and the row and cell in progress.
@@ -58,6 +60,7 @@ class RtfBody : public RtfDestination {
   Flow m_after;
   std::vector<OpenTable> m_tables;
   QString m_filtered;
+  qint64 m_shown = 0;
   bool m_breakBefore = false;
 };
 

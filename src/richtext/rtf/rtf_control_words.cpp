@@ -201,7 +201,6 @@ constexpr RtfControlWord kWords[] = {
     {"ffexitmcr", Kind::Skip, 0, nullptr},
     {"ffformat", Kind::Skip, 0, nullptr},
     {"ffhelptext", Kind::Skip, 0, nullptr},
-    {"ffl", Kind::Skip, 0, nullptr},
     {"ffname", Kind::Skip, 0, nullptr},
     {"ffstattext", Kind::Skip, 0, nullptr},
     {"fi", Kind::Value, 0, Paragraph<&ParagraphState::firstLine, -kMaxTwips, kMaxTwips>},

@@ -9,13 +9,9 @@ namespace {
 /// A field as a whole: it has no text but that of its result.
 class FieldGroup : public RtfDestination {
  public:
-  explicit FieldGroup(RtfParser& parser) : m_parser(parser) {}
-  bool Word(std::string_view word, int, bool) override {
-    m_hasResult |= word == "fldrslt";
-    return false;
-  }
+  explicit FieldGroup(RtfParser& parser) : m_parser(parser), m_shownBefore(Shown()) {}
   void Close() override {
-    if (!m_hasResult) ShowInstruction();
+    if (Shown() == m_shownBefore) ShowInstruction();
     m_parser.Fields().End();
   }
 
@@ -24,12 +20,38 @@ class FieldGroup : public RtfDestination {
   void ShowInstruction() {
     const QString section = QString::number(m_parser.Page().sectionsEnded + 1);
     const QString shown = m_parser.Fields().TextWithoutResult(section);
-    m_parser.State().destination = m_parser.State().outer;
-    if (m_parser.Body()) m_parser.Emit(shown);
+    GroupState& state = m_parser.State();
+    state.destination = state.outer;
+    if (!m_parser.Body()) return;
+    if (const auto& format = m_parser.Fields().Innermost().format) state.character = *format;
+    m_parser.Emit(shown);
   }
 
+  qint64 Shown() const { return m_parser.State().body ? m_parser.State().body->Shown() : 0; }
+
   RtfParser& m_parser;
-  bool m_hasResult = false;
+  const qint64 m_shownBefore;
+};
+
+class InstructionCollector : public RtfStringCollector {
+ public:
+  explicit InstructionCollector(RtfParser& parser)
+      : RtfStringCollector(parser.Fields().Innermost().instruction),
+        m_parser(parser),
+        m_field(parser.Fields().Innermost()) {}
+  void Text(QStringView text) override {
+    m_field.format = m_parser.State().character;
+    RtfStringCollector::Text(text);
+  }
+  bool Word(std::string_view word, int, bool) override {
+    if (word != "formfield") return false;
+    m_parser.Open(std::make_unique<RtfFormFieldReader>(m_parser, m_field.form));
+    return true;
+  }
+
+ private:
+  RtfParser& m_parser;
+  RtfField& m_field;
 };
 
 /// The text twice: for readers without Unicode, which is passed over, and with it.
@@ -114,7 +136,7 @@ void Field(RtfParser& parser, int) {
 }
 
 void FieldInstruction(RtfParser& parser, int) {
-  CollectInto(parser, parser.Fields().Instruction());
+  parser.Open(std::make_unique<InstructionCollector>(parser));
 }
 
 void FieldResult(RtfParser& parser, int) {
