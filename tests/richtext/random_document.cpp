@@ -31,6 +31,8 @@ class Writer {
   int Twips(int limit) { return Below(limit / 15) * 15; }
   double Pixels(int limitTwips) { return Twips(limitTwips) / 15.0; }
   QColor Colour() { return QColor(Below(256), Below(256), Below(256)); }
+  /// Not dark: there, text of no colour is read as white.
+  QColor Ground() { return QColor(128 + Below(128), 128 + Below(128), 128 + Below(128)); }
 
   void Contents(QTextCursor& cursor, int size, int depth) {
     for (int i = 0; i < size; ++i) {
@@ -78,7 +80,7 @@ class Writer {
     Contents(inside, 1 + Below(2), depth + 1);
     if (OneIn(2)) return;
     QTextCharFormat format = cell.format();  // which also is that of the first paragraph's mark
-    format.setBackground(Colour());
+    format.setBackground(Ground());
     cell.setFormat(format);
   }
 
@@ -156,7 +158,7 @@ class Writer {
       format.setVerticalAlignment(OneIn(2) ? QTextCharFormat::AlignSuperScript : QTextCharFormat::AlignSubScript);
     if (OneIn(8)) format.setFontCapitalization(OneIn(2) ? QFont::AllUppercase : QFont::SmallCaps);
     if (OneIn(4)) format.setForeground(Colour());
-    if (OneIn(5)) format.setBackground(Colour());
+    if (OneIn(5)) format.setBackground(Ground());
     if (format.hasProperty(QTextFormat::BackgroundBrush) && OneIn(2)) format.setProperty(kHighlight, true);
     if (OneIn(6)) Link(format);
     Effects(format);
@@ -204,7 +206,7 @@ class Writer {
     if (OneIn(8)) format.setPageBreakPolicy(QTextFormat::PageBreak_AlwaysBefore);
     if (OneIn(8)) format.setProperty(kKeepTogether, true);
     if (OneIn(8)) format.setProperty(kKeepWithNext, true);
-    if (OneIn(8)) format.setBackground(Colour());
+    if (OneIn(8)) format.setBackground(Ground());
     if (OneIn(8)) format.setProperty(kParagraphBorder, QStringLiteral("\\box\\brdrdb\\brdrw20\\brdrcf#12ab00"));
     if (OneIn(8)) format.setHeadingLevel(1 + Below(6));
     return format;

@@ -78,6 +78,9 @@ void RtfBody::FinishRow(OpenTable& table, std::size_t level) {
   row.layout = m_parser.Rows(static_cast<int>(level)).Layout(table.cells.size());
   row.cells = std::move(table.cells);
   row.cells.resize(row.layout->cells.size());
+  for (std::size_t i = 0; i < row.cells.size(); ++i) {
+    m_parser.Formats().ShowOn(row.layout->cells[i].background, row.cells[i]);
+  }
   table.cells.clear();
   table.table->rows.push_back(std::move(row));
 }
@@ -93,6 +96,7 @@ void RtfBody::MoveParagraphTo(Flow& target) {
   const int format = m_parser.ParagraphFormat(paragraph, label);
   if (!label.isEmpty()) m_paragraph.Prepend(Filtered(label), mark);
   m_paragraph.EndParagraph(format, mark);
+  m_parser.Formats().ShowOnShading(m_paragraph);
   target.Append(std::move(m_paragraph));
   if (!m_after.IsEmpty()) target.Append(std::move(m_after));
 }

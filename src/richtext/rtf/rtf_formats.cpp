@@ -65,6 +65,16 @@ UnderlineEntry UnderlineOf(RtfUnderline underline) {
   return {Style::NoUnderline, UnderlineKind::Single};
 }
 
+// Where text of no colour is shown white.
+bool IsDark(QRgb ground) {
+  constexpr int kDarkest = 64;
+  return qAlpha(ground) > 0 && qGray(ground) < kDarkest;
+}
+
+bool IsShaded(const QTextFormat& format) {
+  return format.background().style() != Qt::NoBrush;
+}
+
 QTextOption::TabType TabTypeOf(RtfTabKind kind) {
   switch (kind) {
     case RtfTabKind::Right:
@@ -134,6 +144,53 @@ int RtfFormats::Paragraph(const ParagraphState& state, const RtfListItem& item) 
   return index;
 }
 
+void RtfFormats::ShowOn(QRgb ground, Flow& flow) {
+  if (IsDark(ground)) TurnWhite(flow);
+}
+
+void RtfFormats::ShowOnShading(Flow& paragraph) {
+  const auto end = std::prev(paragraph.items.end());
+  const QBrush ground = m_formats.paragraphs[static_cast<std::size_t>(end->format)].format.background();
+  if (ground.style() != Qt::NoBrush && IsDark(ground.color().rgba())) TurnWhite(paragraph.items.begin(), end);
+}
+
+void RtfFormats::TurnWhite(Flow& flow) {
+  for (const auto& table : flow.tables) {
+    for (RowFlow& row : table->rows) {
+      for (std::size_t i = 0; i < row.cells.size(); ++i) {
+        if (qAlpha(row.layout->cells[i].background) == 0) TurnWhite(row.cells[i]);
+      }
+    }
+  }
+  auto runs = flow.items.begin();
+  for (auto item = runs; item != flow.items.end(); ++item) {
+    if (item->kind == FlowItem::Kind::Run) continue;
+    const bool isParagraph = item->kind == FlowItem::Kind::ParagraphEnd;
+    if (isParagraph && !IsShaded(m_formats.paragraphs[static_cast<std::size_t>(item->format)].format)) {
+      TurnWhite(runs, item);
+    }
+    runs = std::next(item);
+  }
+}
+
+void RtfFormats::TurnWhite(Items::iterator run, Items::iterator paragraphEnd) {
+  for (; run != paragraphEnd; ++run) run->format = White(run->format);
+  paragraphEnd->length = White(paragraphEnd->length);
+}
+
+int RtfFormats::White(int character) {
+  const auto known = m_white.constFind(character);
+  if (known != m_white.cend()) return *known;
+  QTextCharFormat format = m_formats.characters[static_cast<std::size_t>(character)];
+  int white = character;
+  if (!IsShaded(format) && format.foreground().style() == Qt::NoBrush && !format.isImageFormat()) {
+    format.setForeground(Qt::white);
+    white = AddCharacter(format);
+  }
+  m_white.insert(character, white);
+  return white;
+}
+
 int RtfFormats::AddLink(const QString& target) {
   if (target.isEmpty()) return 0;
   if (m_links.isEmpty() || m_links.last() != target) m_links.append(target);
@@ -193,6 +250,7 @@ void RtfFormats::SetColours(QTextCharFormat& format, const CharacterState& state
     format.setProperty(kHighlight, true);
   } else if (state.background > 0 && qAlpha(background)) {
     format.setBackground(QColor::fromRgba(background));
+    if (IsDark(background) && !qAlpha(foreground)) format.setForeground(Qt::white);
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <unordered_map>
 
+#include <QHash>
 #include <QStringList>
 
 #include "richtext/rtf/rtf_colours.h"
@@ -29,6 +30,10 @@ class RtfFormats {
   /// Index of a format that is used once, as that of a picture.
   int AddCharacter(const QTextCharFormat& format);
   int Paragraph(const ParagraphState& state, const RtfListItem& item);
+  /// Turns text without a colour white that stands on a dark `ground` and on no shading of its own.
+  void ShowOn(QRgb ground, Flow& flow);
+  /// The same with a single paragraph on its own shading.
+  void ShowOnShading(Flow& paragraph);
   std::vector<QTextListFormat>& Lists() { return m_formats.lists; }
   /// 1 + index of the link, to be kept in CharacterState.
   int AddLink(const QString& target);
@@ -49,6 +54,10 @@ class RtfFormats {
   void SetFont(QTextCharFormat& format, const CharacterState& state) const;
   void SetColours(QTextCharFormat& format, const CharacterState& state) const;
   void SetEffects(QTextCharFormat& format, const CharacterState& state) const;
+  void TurnWhite(Flow& flow);
+  using Items = std::vector<FlowItem>;
+  void TurnWhite(Items::iterator run, Items::iterator paragraphEnd);
+  int White(int character);
   QTextBlockFormat MakeParagraph(const ParagraphState& state) const;
   void SetSpacing(QTextBlockFormat& format, const ParagraphState& state) const;
 
@@ -58,6 +67,7 @@ class RtfFormats {
   FlowFormats m_formats;
   std::unordered_map<CharacterState, int, Hash> m_characters;
   std::unordered_map<ParagraphState, int, Hash> m_paragraphs;
+  QHash<int, int> m_white;  ///< By the index of a format that of its white counterpart.
   CharacterState m_lastState;
   int m_lastIndex = -1;
   QStringList m_links;
