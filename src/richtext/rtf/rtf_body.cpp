@@ -85,12 +85,24 @@ void RtfBody::FinishRow(OpenTable& table, std::size_t level) {
   table.table->rows.push_back(std::move(row));
 }
 
+// Takes away the space between two paragraphs of one style that want none.
+void RtfBody::JoinParagraphBefore(ParagraphState& paragraph, Flow& target) {
+  const bool follows = !target.items.empty() && target.items.back().kind == FlowItem::Kind::ParagraphEnd;
+  if (follows && paragraph.style == m_styleBefore) {
+    if (paragraph.noSpaceWithinStyle) paragraph.spaceBefore = 0;
+    if (m_noSpaceBehind) target.items.back().format = m_parser.Formats().WithoutSpaceAfter(target.items.back().format);
+  }
+  m_styleBefore = paragraph.style;
+  m_noSpaceBehind = paragraph.noSpaceWithinStyle && paragraph.spaceAfter > 0;
+}
+
 void RtfBody::MoveParagraphTo(Flow& target) {
   ParagraphState paragraph = m_parser.State().paragraph;
   if (m_breakBefore && m_tables.empty()) {
     paragraph.pageBreakBefore = true;
     m_breakBefore = false;
   }
+  JoinParagraphBefore(paragraph, target);
   const int mark = m_parser.Formats().Character(m_parser.State().character);
   QString label;
   const int format = m_parser.ParagraphFormat(paragraph, label);
@@ -98,7 +110,9 @@ void RtfBody::MoveParagraphTo(Flow& target) {
   m_paragraph.EndParagraph(format, mark);
   m_parser.Formats().ShowOnShading(m_paragraph);
   target.Append(std::move(m_paragraph));
-  if (!m_after.IsEmpty()) target.Append(std::move(m_after));
+  if (m_after.IsEmpty()) return;
+  target.Append(std::move(m_after));
+  m_styleBefore = -1;
 }
 
 void RtfBody::EndParagraph() {

@@ -51,6 +51,7 @@ class RtfBody : public RtfDestination {
   void FinishRow(OpenTable& table, std::size_t level);
   Flow& Target() { return m_tables.empty() ? m_flow : m_tables.back().cell; }
   void MoveParagraphTo(Flow& target);
+  void JoinParagraphBefore(ParagraphState& paragraph, Flow& target);
   void Deliver();
 
   RtfParser& m_parser;
@@ -61,6 +62,8 @@ class RtfBody : public RtfDestination {
   std::vector<OpenTable> m_tables;
   QString m_filtered;
   qint64 m_shown = 0;
+  std::int32_t m_styleBefore = -1;  ///< Of the paragraph before; -1 where there is none.
+  bool m_noSpaceBehind = false;     ///< The paragraph before joins one of its style.
   bool m_breakBefore = false;
 };
 

@@ -171,6 +171,7 @@ constexpr RtfControlWord kWords[] = {
     {"colortbl", Kind::Destination, 0, rtf_openers::ColourTable},
     {"column", Kind::Character, 0x2028, nullptr},
     {"company", Kind::Skip, 0, nullptr},
+    {"contextualspace", Kind::Toggle, 1, Paragraph<&ParagraphState::noSpaceWithinStyle>},
     {"cs", Kind::Value, 0, rtf_actions::CharacterStyle},
     {"datafield", Kind::Skip, 0, nullptr},
     {"datastore", Kind::Skip, 0, nullptr},

@@ -144,6 +144,17 @@ int RtfFormats::Paragraph(const ParagraphState& state, const RtfListItem& item) 
   return index;
 }
 
+int RtfFormats::WithoutSpaceAfter(int paragraph) {
+  const auto known = m_withoutSpaceAfter.constFind(paragraph);
+  if (known != m_withoutSpaceAfter.cend()) return *known;
+  FlowFormats::Paragraph joined = m_formats.paragraphs[static_cast<std::size_t>(paragraph)];
+  joined.format.clearProperty(QTextFormat::BlockBottomMargin);
+  m_formats.paragraphs.push_back(std::move(joined));
+  const int index = static_cast<int>(m_formats.paragraphs.size()) - 1;
+  m_withoutSpaceAfter.insert(paragraph, index);
+  return index;
+}
+
 void RtfFormats::ShowOn(QRgb ground, Flow& flow) {
   if (IsDark(ground)) TurnWhite(flow);
 }

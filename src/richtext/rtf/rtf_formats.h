@@ -30,6 +30,8 @@ class RtfFormats {
   /// Index of a format that is used once, as that of a picture.
   int AddCharacter(const QTextCharFormat& format);
   int Paragraph(const ParagraphState& state, const RtfListItem& item);
+  /// Index of a paragraph's format without the space behind it.
+  int WithoutSpaceAfter(int paragraph);
   /// Turns text without a colour white that stands on a dark `ground` and on no shading of its own.
   void ShowOn(QRgb ground, Flow& flow);
   /// The same with a single paragraph on its own shading.
@@ -67,6 +69,7 @@ class RtfFormats {
   FlowFormats m_formats;
   std::unordered_map<CharacterState, int, Hash> m_characters;
   std::unordered_map<ParagraphState, int, Hash> m_paragraphs;
+  QHash<int, int> m_withoutSpaceAfter;
   QHash<int, int> m_white;  ///< By the index of a format that of its white counterpart.
   CharacterState m_lastState;
   int m_lastIndex = -1;

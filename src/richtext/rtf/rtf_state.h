@@ -120,6 +120,7 @@ struct ParagraphState {
   bool keepTogether = false;
   bool keepWithNext = false;
   bool pageBreakBefore = false;
+  bool noSpaceWithinStyle = false;  ///< No space between this and paragraphs of the same style.
   bool rightToLeft = false;
   bool ruler = false;
   QList<RtfTab> tabs;
@@ -129,7 +130,8 @@ struct ParagraphState {
   auto Fields() {
     return std::tie(style, leftIndent, rightIndent, firstLine, spaceBefore, spaceAfter, lineSpacing, list, listLevel,
                     shading, shadingForeground, shadingPercent, alignment, outlineLevel, lineSpacingMultiple,
-                    keepTogether, keepWithNext, pageBreakBefore, rightToLeft, ruler, tabs, borders, numbering);
+                    keepTogether, keepWithNext, pageBreakBefore, noSpaceWithinStyle, rightToLeft, ruler, tabs, borders,
+                    numbering);
   }
   bool operator==(const ParagraphState&) const = default;
 };
