@@ -14,12 +14,15 @@ class HtmlTest : public QObject {
   Q_OBJECT
 
  private slots:
+  void initTestCase();
   void Payloads_data();
   void Payloads();
   void Text_data();
   void Text();
   void Formats_data();
   void Formats();
+  void SizesGoByTheFont_data();
+  void SizesGoByTheFont();
   void LooseTextIsNoItem();
   void NothingIsLoaded();
   void DeepAndWideIsCut();
@@ -43,6 +46,13 @@ QByteArray WithHeader(const QByteArray& before, const QByteArray& fragment, cons
 }
 
 }  // namespace
+
+/// What sizes of text are told by.
+void HtmlTest::initTestCase() {
+  QFont font = QGuiApplication::font();
+  font.setPointSize(12);
+  QGuiApplication::setFont(font);
+}
 
 void HtmlTest::Payloads_data() {
   QTest::addColumn<QByteArray>("bytes");
@@ -85,7 +95,19 @@ void HtmlTest::Text_data() {
   QTest::newRow("blanks between blocks") << QByteArray(
                                                 "<h1>a</h1>\n <p>\n <b>b</b> <i>c</i>\n </p>\n<table>\n <tr>\n "
                                                 "<td> d </td> </tr></table>\n<pre>  <b>e</b>  </pre>")
-                                         << "a\nb c\nd \n  e  ";
+                                         << "a\nb c\nd\n  e  ";
+  QTest::newRow("preformatted lines") << QByteArray(
+                                             "<pre>\n\na\n b\n</pre><p style='white-space:pre-line'>c  d \n e</p>"
+                                             "<style>.x{white-space:pre-wrap}</style><div class=x>f  g\nh</div>")
+                                      << "\na\n b\nc d\ne\nf  g\nh";
+  QTest::newRow("blanks that are characters")
+      << QByteArray("<p> a&emsp;&emsp;b&#x3000; &#8199;c\xE3\x80\x80\xE3\x80\x80 d&#8239;</p>")
+      << QStringLiteral("a\u2003\u2003b\u3000 \u2007c\u3000\u3000 d\u202F");
+  QTest::newRow("entities without semicolons")
+      << QByteArray("<p>caf&eacute &copy 2020 a&ltb&amp; &#233x &nbspz &notanent; &am; AT&T &#150;</p>")
+      << QStringLiteral("caf\u00E9 \u00A9 2020 a<b& \u00E9x \u00A0z \u00ACanent; &am; AT&T \u2013");
+  QTest::newRow("entities by long names") << QByteArray("<p>&check;a&ZeroWidthSpace;b&NotEqualTilde;&CheckMark</p>")
+                                          << QStringLiteral("\u2713a\u200Bb\u2242\u0338&CheckMark");
   QTest::newRow("loose text behind blocks")
       << QByteArray("<div>a</div><b>b</b>c<p>d</p>\n<font color=red>e</font><ul><li>f</ul><i><h1>g</h1></i><a>h</a>")
       << "a\nbc\nd\ne\nf\ng\nh";
@@ -115,6 +137,19 @@ void HtmlTest::Formats_data() {
   QTest::newRow("class") << QByteArray(
                                 "<style><!-- p.x {mso-style:a; font-size:10.5pt; @bad} --></style><p class=x>a</p>")
                          << "halfpoints=21";
+  QTest::newRow("rules of different weight")
+      << QByteArray(
+             "<style>@import 'x'; #i{color:#010203} p b.x{color:#040506;font-size:2em} b{color:#070809}</style>"
+             "<div style='font-size:20pt'><p><b class='y x'>a</b></p></div>")
+      << "halfpoints=80 bold=1 colour=#040506";
+  QTest::newRow("rules for the page") << QByteArray("<style>html{color:#010203} body{font:10pt Arial}</style>a")
+                                      << "font=Arial halfpoints=20 colour=#010203";
+  QTest::newRow("rules for others") << QByteArray("<style>div>b, i b{color:#010203}</style><p><b>a</b></p>")
+                                    << "halfpoints=24 bold=1\n";
+  QTest::newRow("alpha behind the colour") << QByteArray("<span style='color:#ff0000ff'>a</span>") << "colour=#ff0000";
+  QTest::newRow("partly transparent") << QByteArray("<span style='color:rgb(0 0 0 / 50%)'>a</span>")
+                                      << "colour=#808080";
+  QTest::newRow("hue") << QByteArray("<span style='color:hsl(120, 100%, 50%)'>a</span>") << "colour=#00ff00";
   QTest::newRow("pixels") << QByteArray("<span style='font-size:16px'>a</span>") << "halfpoints=24";
   QTest::newRow("relative") << QByteArray("<div style='font-size:20pt'><span style='font-size:150%'>a</span></div>")
                             << "halfpoints=60";
@@ -126,6 +161,8 @@ void HtmlTest::Formats_data() {
   QTest::newRow("background") << QByteArray("<span style='background:yellow none'>a</span>") << "background=#ffff00";
   QTest::newRow("link") << QByteArray("<a href='https://example.org/?a=1&amp;b=2'>a</a>")
                         << "link=https://example.org/?a=1&b=2";
+  QTest::newRow("link with names in it") << QByteArray("<a href='https://example.org/?a&copy=1&lt2&b&quot'>a</a>")
+                                         << "link=https://example.org/?a&copy=1&lt2&b\"";
   QTest::newRow("points of indent") << QByteArray("<p style='margin-left:36.0pt'>a</p>") << "left=720";
   QTest::newRow("list start") << QByteArray("<ol type=i start=3><li>a<li>b</ol>") << "number=iv.";
   QTest::newRow("item number") << QByteArray("<ol><li>a<li value=7>b<li>c</ol>") << "number=8.";
@@ -134,8 +171,35 @@ void HtmlTest::Formats_data() {
 void HtmlTest::Formats() {
   QFETCH(QByteArray, html);
   QFETCH(QString, fact);
-  const QString description = test::Describe(RichText::FromHtml(html).Document()).join(u'\n');
+  const QString description = test::Describe(RichText::FromHtml(html).Document()).join(u'\n') + u'\n';
   QVERIFY2(description.contains(fact), qPrintable(description));
+}
+
+void HtmlTest::SizesGoByTheFont_data() {
+  QTest::addColumn<QByteArray>("html");
+  QTest::addColumn<double>("points");
+  const double none = 0;
+  QTest::newRow("no size") << QByteArray("<p>a") << none;
+  QTest::newRow("no other size") << QByteArray("<p style='font-size:1em'><font size=3><b style='font-size:medium'>a")
+                                 << none;
+  QTest::newRow("small") << QByteArray("<small>a") << 8.33333;
+  QTest::newRow("big in a size") << QByteArray("<p style='font-size:20pt'><big>a") << 24.0;
+  QTest::newRow("back to medium") << QByteArray("<p style='font-size:20pt'><font size=3>a") << 10.0;
+  QTest::newRow("heading") << QByteArray("<h1>a") << 20.0;
+  QTest::newRow("heading of no other size") << QByteArray("<h4>a") << none;
+  QTest::newRow("step") << QByteArray("<font size=+1>a") << 11.25;
+  QTest::newRow("points") << QByteArray("<span style='font-size:10pt'>a") << 10.0;
+}
+
+void HtmlTest::SizesGoByTheFont() {
+  QFETCH(QByteArray, html);
+  const QFont before = QGuiApplication::font();
+  QFont font = before;
+  font.setPointSize(10);
+  QGuiApplication::setFont(font);
+  const RichText text = RichText::FromHtml(html);
+  QGuiApplication::setFont(before);
+  QTEST(text.Document().begin().begin().fragment().charFormat().fontPointSize(), "points");
 }
 
 void HtmlTest::LooseTextIsNoItem() {
@@ -178,6 +242,8 @@ void HtmlTest::TimeGrowsLinearly_data() {
   QTest::newRow("fonts") << QByteArray("<font face=A#>x</font>");
   QTest::newRow("styles") << QByteArray("<p style='font-family:A#'>x");
   QTest::newRow("named places") << QByteArray("<a name=a#>x</a>");
+  QTest::newRow("rules for all") << QByteArray(
+      "<style>*{color:red} .a#{color:red} p .b{color:red}</style><p class=b>x");
   QTest::newRow("tables of other widths") << QByteArray("<table><tr><td width=#>x<td width=9>y</table>");
 }
 

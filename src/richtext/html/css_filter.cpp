@@ -2,15 +2,16 @@
 
 #include <optional>
 
-#include <QColor>
 #include <QHash>
 #include <QRegularExpression>
 #include <QSet>
 
+#include "richtext/html/css_colours.h"
+
 namespace snipdeck {
 namespace {
 
-constexpr double kDefaultPoints = 12;
+constexpr double kMediumPoints = 12;  // which the steps of sizes are given for
 constexpr double kLongestPixels = 4000;
 constexpr double kLargestPoints = 1000;
 constexpr qsizetype kLongestValue = 300;
@@ -68,6 +69,7 @@ const QSet<QString>& KnownProperties() {
                                        "text-indent",
                                        "text-transform",
                                        "vertical-align",
+                                       "visibility",
                                        "white-space",
                                        "width",
                                        "height"};
@@ -88,48 +90,51 @@ struct Length {
   QString unit;
 };
 std::optional<Length> ParseLength(const QString& word) {
-  static const QRegularExpression kPattern(QStringLiteral("^([+-]?(?:\\d+\\.?\\d*|\\.\\d+))(%|[a-z]*)$"));
-  const QRegularExpressionMatch match = kPattern.match(word);
-  if (!match.hasMatch()) return std::nullopt;
-  return Length{match.captured(1).toDouble(), match.captured(2)};
+  qsizetype end = 0;
+  while (end < word.size() && (word[end].isDigit() || QStringView(u"+-.").contains(word[end]))) ++end;
+  bool isNumber = false;
+  const double number = QStringView(word).first(end).toDouble(&isNumber);
+  const QString unit = word.mid(end);
+  const bool isUnit = unit == QLatin1String("%") ||
+                      std::all_of(unit.begin(), unit.end(), [](QChar one) { return one >= u'a' && one <= u'z'; });
+  return isNumber && isUnit ? std::optional(Length{number, unit}) : std::nullopt;
 }
 
-std::optional<double> FontPoints(const QString& value, double surrounding) {
-  static const QHash<QString, double> kNamed = {{"xx-small", 7}, {"x-small", 7.5}, {"small", 10},    {"medium", 12},
-                                                {"large", 13.5}, {"x-large", 18},  {"xx-large", 24}, {"xxx-large", 36}};
-  if (kNamed.contains(value)) return kNamed[value];
-  if (value == QLatin1String("smaller")) return surrounding / 1.2;
-  if (value == QLatin1String("larger")) return surrounding * 1.2;
+/// A font size in points, and whether it says where it stands among the sizes around it.
+struct FontSize {
+  double points;
+  bool isRelative;
+};
+std::optional<FontSize> ParseFontSize(const QString& value, const TextStyle& surrounding) {
+  static const QHash<QString, double> kNamed = {
+      {"xx-small", 7}, {"x-small", 7.5}, {"small", 10},    {"medium", kMediumPoints}, {"initial", kMediumPoints},
+      {"large", 13.5}, {"x-large", 18},  {"xx-large", 24}, {"xxx-large", 36}};
+  const auto relative = [](double points) { return FontSize{points, true}; };
+  if (kNamed.contains(value)) return relative(kNamed[value] / kMediumPoints * surrounding.basePoints);
+  if (value == QLatin1String("smaller")) return relative(surrounding.points / 1.2);
+  if (value == QLatin1String("larger")) return relative(surrounding.points * 1.2);
   const auto length = ParseLength(value);
   if (!length) return std::nullopt;
-  if (length->unit == QLatin1String("em")) return length->number * surrounding;
-  if (length->unit == QLatin1String("%")) return length->number * surrounding / 100;
-  if (length->unit == QLatin1String("rem")) return length->number * kDefaultPoints;
+  if (length->unit == QLatin1String("em")) return relative(length->number * surrounding.points);
+  if (length->unit == QLatin1String("%")) return relative(length->number * surrounding.points / 100);
+  if (length->unit == QLatin1String("rem")) return relative(length->number * surrounding.basePoints);
   const auto unit = PixelsPerUnit(length->unit);
-  return unit ? std::optional(length->number * *unit * 0.75) : std::nullopt;
+  return unit ? std::optional(FontSize{length->number * *unit * 0.75, false}) : std::nullopt;
 }
 
 /// Words of lengths become pixels; other words stay as they are. Nothing when a length is beyond sense.
-std::optional<QString> InPixels(const QString& value, double fontSize) {
+std::optional<QString> InPixels(const QString& value, const TextStyle& style) {
   QStringList words = value.split(u' ', Qt::SkipEmptyParts);
   for (QString& word : words) {
     const auto length = ParseLength(word);
     if (!length || length->unit == QLatin1String("%") || length->unit.isEmpty()) continue;
-    const bool relative = length->unit == QLatin1String("em") || length->unit == QLatin1String("rem");
-    const auto unit = relative ? std::optional(fontSize / 0.75) : PixelsPerUnit(length->unit);
+    auto unit = PixelsPerUnit(length->unit);
+    if (length->unit == QLatin1String("em")) unit = style.points / 0.75;
+    if (length->unit == QLatin1String("rem")) unit = style.basePoints / 0.75;
     if (!unit || std::abs(length->number * *unit) > kLongestPixels) return std::nullopt;
     word = QString::number(length->number * *unit) + QLatin1String("px");
   }
   return words.join(u' ');
-}
-
-QString ColourWord(const QString& value) {
-  static const QRegularExpression kColour(QStringLiteral("(#[0-9a-f]{3,8}\\b|rgba?\\([^)]*\\)|[a-z]+)"));
-  for (auto it = kColour.globalMatch(value); it.hasNext();) {
-    const QString word = it.next().captured(0);
-    if (word.contains(u'(') || QColor(word).isValid()) return word;
-  }
-  return QString();
 }
 
 bool IsForbidden(const QString& value) {
@@ -137,47 +142,74 @@ bool IsForbidden(const QString& value) {
          value.contains(QLatin1String("expression")) || value.contains(u'<') || value.contains(u'\\');
 }
 
-struct Declaration {
-  QString property;
-  QString value;
-};
-
 /// Unitless line heights are multiples, which Qt wants as a percentage.
 void AdjustLineHeight(QString& value) {
   const auto length = ParseLength(value);
   if (length && length->unit.isEmpty()) value = QString::number(length->number * 100) + u'%';
 }
 
-std::optional<Declaration> Adjust(Declaration declaration, double& fontSize) {
-  auto& [property, value] = declaration;
-  if (property == QLatin1String("font-size")) {
-    const auto points = FontPoints(value, fontSize);
-    if (!points || *points <= 0 || *points > kLargestPoints) return std::nullopt;
-    fontSize = *points;
-    value = QString::number(*points) + QLatin1String("pt");
-    return declaration;
-  }
-  if (property == QLatin1String("display")) {
-    return value == QLatin1String("none") ? std::optional(declaration) : std::nullopt;
-  }
-  if (property == QLatin1String("background")) property = QStringLiteral("background-color");
-  if (property == QLatin1String("text-decoration-line")) property = QStringLiteral("text-decoration");
-  if (property == QLatin1String("background-color") || property == QLatin1String("color")) {
-    value = ColourWord(value);
-    return value.isEmpty() ? std::nullopt : std::optional(declaration);
-  }
-  if (property == QLatin1String("line-height")) AdjustLineHeight(value);
-  if (property == QLatin1String("font-family")) return declaration;
-  const auto inPixels = InPixels(value, fontSize);
-  if (!inPixels) return std::nullopt;
-  value = *inPixels;
-  return declaration;
+/// Sets the size; the declaration of it is empty when the text has that size anyway.
+std::optional<QString> AdjustFontSize(const QString& value, TextStyle& style) {
+  constexpr double kNoDifference = 0.01;
+  const auto size = ParseFontSize(value, style);
+  if (!size || size->points <= 0 || size->points > kLargestPoints) return std::nullopt;
+  if (size->isRelative && std::abs(size->points - style.points) < kNoDifference) return std::nullopt;
+  style.points = size->points;
+  style.isSized = true;
+  return QString::number(size->points) + QLatin1String("pt");
 }
 
-std::optional<Declaration> Parse(QStringView text) {
+TextStyle::Display DisplayOf(const QString& value) {
+  static const QSet<QString> kBlocks = {"block", "flex", "grid", "list-item", "flow-root", "table", "table-row"};
+  if (value == QLatin1String("none")) return TextStyle::Display::None;
+  return kBlocks.contains(value) ? TextStyle::Display::Block : TextStyle::Display::AsNamed;
+}
+
+/// Which blanks collapse is settled before Qt sees the text; that lines do not wrap is its to know.
+QString AdjustWhiteSpace(const QString& value, TextStyle& style) {
+  if (value == QLatin1String("pre-line")) {
+    style.blanks = TextStyle::Blanks::KeepLines;
+  } else if (value.startsWith(QLatin1String("pre")) || value == QLatin1String("break-spaces")) {
+    style.blanks = TextStyle::Blanks::Keep;
+  } else if (value != QLatin1String("inherit")) {
+    style.blanks = TextStyle::Blanks::Collapse;
+  }
+  return value == QLatin1String("pre") ? value : QStringLiteral("pre-wrap");
+}
+
+/// The value as Qt reads it; nothing when the declaration is not for it.
+std::optional<QString> Adjust(const CssDeclaration& declaration, TextStyle& style) {
+  const QString& property = declaration.property;
+  QString value = declaration.value;
+  if (property == QLatin1String("font-size")) return AdjustFontSize(value, style);
+  if (property == QLatin1String("white-space")) return AdjustWhiteSpace(value, style);
+  if (property == QLatin1String("font-family")) return value;
+  if (property == QLatin1String("visibility")) {
+    if (value == QLatin1String("hidden")) style.display = TextStyle::Display::None;
+    return std::nullopt;
+  }
+  if (property == QLatin1String("display")) {
+    style.display = DisplayOf(value);
+    return std::nullopt;
+  }
+  if (property == QLatin1String("background-color") || property == QLatin1String("color")) {
+    const QString colour = CssColour(value);
+    return colour.isEmpty() ? std::nullopt : std::optional(colour);
+  }
+  if (property == QLatin1String("line-height")) AdjustLineHeight(value);
+  return InPixels(value, style);
+}
+
+QString DocumentName(const QString& property) {
+  if (property == QLatin1String("background")) return QStringLiteral("background-color");
+  return property == QLatin1String("text-decoration-line") ? QStringLiteral("text-decoration") : property;
+}
+
+std::optional<CssDeclaration> Parse(QStringView text) {
   const qsizetype colon = text.indexOf(u':');
   if (colon < 0) return std::nullopt;
-  Declaration declaration{text.first(colon).trimmed().toString().toLower(), text.mid(colon + 1).trimmed().toString()};
+  CssDeclaration declaration{text.first(colon).trimmed().toString().toLower(),
+                             text.mid(colon + 1).trimmed().toString()};
   if (!KnownProperties().contains(declaration.property)) return std::nullopt;
   const bool namesFonts =
       declaration.property == QLatin1String("font-family") || declaration.property == QLatin1String("font");
@@ -185,6 +217,7 @@ std::optional<Declaration> Parse(QStringView text) {
   declaration.value.remove(QLatin1String("!important"), Qt::CaseInsensitive);
   declaration.value = declaration.value.trimmed();
   if (declaration.value.isEmpty() || IsForbidden(declaration.value)) return std::nullopt;
+  declaration.property = DocumentName(declaration.property);
   return declaration;
 }
 
@@ -195,7 +228,7 @@ QString ExpandFont(const QString& value) {
   for (qsizetype i = 0; i < words.size(); ++i) {
     const QString word = words[i].toLower();
     const QString size = word.section(u'/', 0, 0);
-    if (!FontPoints(size, kDefaultPoints)) {
+    if (!ParseFontSize(size, TextStyle())) {
       if (word == QLatin1String("italic") || word == QLatin1String("oblique"))
         css += QLatin1String("font-style:italic;");
       if (word.startsWith(QLatin1String("bold")) || word.toInt() >= 600) css += QLatin1String("font-weight:bold;");
@@ -230,69 +263,40 @@ qsizetype EndOfDeclaration(QStringView text, qsizetype from) {
   return text.size();
 }
 
-QString WithoutComments(QStringView sheet) {
-  QString text;
-  for (qsizetype at = 0; at < sheet.size();) {
-    const qsizetype begin = sheet.indexOf(u"/*", at);
-    text += sheet.mid(at, (begin < 0 ? sheet.size() : begin) - at);
-    const qsizetype end = begin < 0 ? -1 : sheet.indexOf(u"*/", begin + 2);
-    at = end < 0 ? sheet.size() : end + 2;
-  }
-  return text.remove(QLatin1String("<!--")).remove(QLatin1String("-->"));
-}
-
-/// The end of the block whose opening bracket stands before `from`.
-qsizetype EndOfBlock(QStringView text, qsizetype from) {
-  int depth = 1;
-  for (qsizetype i = from; i < text.size(); ++i) {
-    if (text[i] == u'{') ++depth;
-    if (text[i] == u'}' && --depth == 0) return i;
-  }
-  return text.size();
-}
-
-/// Selectors of names, classes and descendants; others cost much and say little for a document.
-bool IsPlainSelector(QStringView selector) {
-  static const QRegularExpression kPlain(QStringLiteral("^[\\w.,#\\s*-]{1,300}$"));
-  return kPlain.match(selector.toString()).hasMatch();
-}
-
 }  // namespace
 
-QString FilterDeclarations(QStringView declarations, double& fontSize) {
-  QString css;
-  for (qsizetype at = 0; at < declarations.size();) {
-    const qsizetype end = EndOfDeclaration(declarations, at);
-    auto declaration = Parse(declarations.mid(at, end - at));
-    if (declaration && declaration->property == QLatin1String("font")) {
-      css += FilterDeclarations(ExpandFont(declaration->value), fontSize);
-      declaration.reset();
-    }
-    if (declaration) declaration = Adjust(*declaration, fontSize);
-    if (declaration) css += declaration->property + u':' + declaration->value + u';';
+QList<CssDeclaration> ParseDeclarations(QStringView css) {
+  QList<CssDeclaration> declarations;
+  for (qsizetype at = 0; at < css.size();) {
+    const qsizetype end = EndOfDeclaration(css, at);
+    const auto declaration = Parse(css.mid(at, end - at));
     at = end + 1;
+    if (!declaration) continue;
+    const bool standsForMany = declaration->property == QLatin1String("font");
+    Override(declarations,
+             standsForMany ? ParseDeclarations(ExpandFont(declaration->value)) : QList<CssDeclaration>{*declaration});
   }
-  return css;
+  return declarations;
 }
 
-QString FilterStyleSheet(QStringView sheet, int maxRules) {
-  const QString text = WithoutComments(sheet);
-  QString rules;
-  int count = 0;
-  for (qsizetype at = 0; at < text.size() && count < maxRules;) {
-    const qsizetype open = text.indexOf(u'{', at);
-    if (open < 0) break;
-    const QStringView selector = QStringView(text).mid(at, open - at).trimmed();
-    const qsizetype close = EndOfBlock(text, open + 1);
-    at = close + 1;
-    if (!IsPlainSelector(selector)) continue;
-    double fontSize = kDefaultPoints;
-    const QString css = FilterDeclarations(QStringView(text).mid(open + 1, close - open - 1), fontSize);
-    if (css.isEmpty()) continue;
-    rules += selector.toString() + u'{' + css + QLatin1String("}\n");
-    ++count;
+void Override(QList<CssDeclaration>& declarations, const QList<CssDeclaration>& by) {
+  for (const CssDeclaration& one : by) {
+    declarations.removeIf([&](const CssDeclaration& other) { return other.property == one.property; });
+    declarations.append(one);
   }
-  return rules;
+}
+
+QString FilterDeclarations(const QList<CssDeclaration>& declarations, TextStyle& style) {
+  QString css;
+  // Lengths may be multiples of the font size, wherever that is said.
+  for (const bool isForSize : {true, false}) {
+    for (const CssDeclaration& declaration : declarations) {
+      if ((declaration.property == QLatin1String("font-size")) != isForSize) continue;
+      const auto value = Adjust(declaration, style);
+      if (value) css += declaration.property + u':' + *value + u';';
+    }
+  }
+  return css;
 }
 
 }  // namespace snipdeck

@@ -1,10 +1,11 @@
 #include "richtext/html/html_attributes.h"
 
+#include <algorithm>
+
+#include <QHash>
 #include <QRegularExpression>
 #include <QSet>
-
-#include "richtext/html/css_filter.h"
-#include "richtext/html/html_elements.h"
+#include <QUrl>
 
 namespace snipdeck {
 namespace {
@@ -18,38 +19,43 @@ bool IsHarmlessLink(const QString& target) {
                                           QRegularExpression::CaseInsensitiveOption);
   const qsizetype colon = target.indexOf(u':');
   const qsizetype path = target.indexOf(QRegularExpression(QStringLiteral("[/?#]")));
-  const bool isRelative = (colon < 0 || (path >= 0 && path < colon)) && !target.contains(QLatin1String("&#"));
+  const bool isRelative = colon < 0 || (path >= 0 && path < colon);
   return isRelative || kScheme.match(target).hasMatch();
 }
 
-QString Size(double points, double& fontSize) {
-  if (points <= 0) return {};
-  fontSize = points;
-  return QStringLiteral("font-size:%1pt;").arg(points);
+/// A size of a font element: 1 to 7, or steps up or down from 3; empty for anything else.
+QString FontElementSize(const QString& value) {
+  constexpr int kMedium = 3;
+  static const QStringList kNames = {"x-small", "small", "medium", "large", "x-large", "xx-large", "xxx-large"};
+  const QString trimmed = value.trimmed();
+  bool isNumber = false;
+  const int number = trimmed.toInt(&isNumber);
+  if (!isNumber) return {};
+  const bool isStep = trimmed.startsWith(u'+') || trimmed.startsWith(u'-');
+  const int size = std::clamp(isStep ? kMedium + std::clamp(number, -7, 7) : number, 1, 7);
+  return QLatin1String("font-size:") + kNames[size - 1] + u';';
 }
 
 QString ListStartStyle(int start) {
   return QStringLiteral("-qt-list-number-prefix:'%1%2';").arg(QLatin1String(kListStartMark)).arg(start);
 }
 
-QString ImpliedStyle(const HtmlToken& token, double& fontSize) {
-  const QString& name = token.name;
-  QString css;
-  if (name == QLatin1String("font")) {
-    const QString face = ValueOf(token, "face");
-    if (!face.isEmpty()) css += QLatin1String("font-family:") + QString(face).remove(u';') + u';';
-    css += Size(FontElementPoints(ValueOf(token, "size").toInt()), fontSize);
-    if (const QString colour = ValueOf(token, "color"); !colour.isEmpty()) {
-      css += QLatin1String("color:") + QString(colour).remove(u';') + u';';
-    }
-    return FilterDeclarations(css, fontSize);
-  }
-  if (name == QLatin1String("ol")) return ListStartStyle(ListStartOf(token));
-  if (name == QLatin1String("big")) return Size(fontSize * 1.2, fontSize);
-  if (name == QLatin1String("small")) return Size(fontSize / 1.2, fontSize);
-  if (name == QLatin1String("address")) return QStringLiteral("font-style:italic;");
-  if (name == QLatin1String("mark")) return QStringLiteral("background-color:#ffff00;");
-  if (name.size() == 2 && name[0] == u'h') return Size(HeadingPoints(name[1].digitValue()), fontSize);
+/// What an element means without saying so in a style, as declarations.
+QString ImpliedStyle(const HtmlToken& token) {
+  static const QHash<QString, QString> kStyles = {
+      {"big", "font-size:larger"},      {"small", "font-size:smaller"},
+      {"address", "font-style:italic"}, {"mark", "background-color:#ffff00"},
+      {"pre", "white-space:pre"},       {"xmp", "white-space:pre"},
+      {"listing", "white-space:pre"},   {"h1", "font-size:2em"},
+      {"h2", "font-size:1.5em"},        {"h3", "font-size:1.17em"},
+      {"h4", "font-size:1em"},          {"h5", "font-size:0.83em"},
+      {"h6", "font-size:0.67em"}};
+  if (token.name != QLatin1String("font")) return kStyles.value(token.name);
+  const QString face = ValueOf(token, "face").remove(u';');
+  const QString colour = ValueOf(token, "color").remove(u';');
+  QString css = FontElementSize(ValueOf(token, "size"));
+  if (!face.isEmpty()) css += QLatin1String("font-family:") + face + u';';
+  if (!colour.isEmpty()) css += QLatin1String("color:") + colour + u';';
   return css;
 }
 
@@ -65,20 +71,8 @@ bool IsSensibleNumber(const HtmlAttribute& attribute) {
 
 }  // namespace
 
-/// Numeric entities can name what no document may hold.
-QString WithoutForbiddenEntities(QStringView text) {
-  QString clean = text.toString();
-  if (!clean.contains(QLatin1String("&#"))) return clean;
-  static const QRegularExpression kForbidden(
-      QStringLiteral(
-          "&#(?:0*(?:[0-8]|1[124-9]|2\\d|3[01])|x0*(?:[0-8bcef]|1[0-9a-f]|fd[de][0-9a-f]|fff[c-f]|d[89a-f]..)|"
-          "0*(?:6497[6-9]|649[89]\\d|6500[0-7]|6553[2-5]|5529[6-9]|55[3-9]\\d\\d|5[67]\\d\\d\\d))(?:;|(?![0-9a-f]))"),
-      QRegularExpression::CaseInsensitiveOption);
-  return clean.remove(kForbidden);
-}
-
 QString Quoted(QString value) {
-  return u'"' + value.replace(u'"', QLatin1String("&quot;")) + u'"';
+  return u'"' + value.replace(u'&', QLatin1String("&amp;")).replace(u'"', QLatin1String("&quot;")) + u'"';
 }
 
 /// Some writers put a picture's address in the place of words that could stand for it.
@@ -121,13 +115,20 @@ QString WithListStart(QString startTag, int start) {
 
 namespace {
 
-QString KeptAttribute(const QString& element, const HtmlAttribute& attribute) {
-  static const QSet<QString> kKept = {"class",       "align", "valign", "bgcolor", "dir",  "border", "cellpadding",
-                                      "cellspacing", "width", "height", "type",    "name"};
+/// A link, from the place it was copied from.
+QString Resolved(const QString& target, const QUrl& base) {
+  const QUrl url(target.trimmed());
+  const bool isElsewhere = url.isValid() && url.isRelative() && !target.startsWith(u'#');
+  return base.isValid() && isElsewhere ? base.resolved(url).toString(QUrl::FullyEncoded) : target;
+}
+
+QString KeptAttribute(const QString& element, const HtmlAttribute& attribute, const QUrl& base) {
+  static const QSet<QString> kKept = {"align",       "valign", "bgcolor", "dir",  "border", "cellpadding",
+                                      "cellspacing", "width",  "height",  "type", "name"};
   if (attribute.value.isEmpty() || attribute.value.size() > 2000 || element == QLatin1String("font")) return {};
   if (attribute.name == QLatin1String("href")) {
     return element == QLatin1String("a") && IsHarmlessLink(attribute.value)
-               ? QLatin1String(" href=") + Quoted(attribute.value)
+               ? QLatin1String(" href=") + Quoted(Resolved(attribute.value, base))
                : QString();
   }
   if (!kKept.contains(attribute.name) || !IsSensibleNumber(attribute)) return {};
@@ -136,12 +137,19 @@ QString KeptAttribute(const QString& element, const HtmlAttribute& attribute) {
 
 }  // namespace
 
-QString KeptAttributes(const HtmlToken& token, double& fontSize) {
-  QString css = ImpliedStyle(token, fontSize);
-  css += FilterDeclarations(ValueOf(token, "style").replace(QLatin1String("&quot;"), QLatin1String("'")), fontSize);
+QString KeptAttributes(const HtmlToken& token, const QList<CssDeclaration>& rules, const QUrl& base, TextStyle& style) {
+  QList<CssDeclaration> declarations = ParseDeclarations(ImpliedStyle(token));
+  Override(declarations, rules);
+  Override(declarations, ParseDeclarations(ValueOf(token, "style")));
+  style.display = TextStyle::Display::AsNamed;
+  QString css = FilterDeclarations(declarations, style);
+  if (token.name == QLatin1String("ol")) css += ListStartStyle(ListStartOf(token));
   QString attributes;
-  for (const HtmlAttribute& attribute : token.attributes) attributes += KeptAttribute(token.name, attribute);
-  if (!css.isEmpty()) attributes += QLatin1String(" style=") + Quoted(css);
+  for (const HtmlAttribute& attribute : token.attributes) {
+    if (attribute.name == QLatin1String("hidden")) style.display = TextStyle::Display::None;
+    attributes += KeptAttribute(token.name, attribute, base);
+  }
+  if (!css.isEmpty()) attributes += QLatin1String(" style=") + Quoted(css.replace(u'"', u'\''));
   return attributes;
 }
 

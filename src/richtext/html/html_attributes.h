@@ -1,13 +1,14 @@
 #pragma once
 
 #include <QString>
+#include <QUrl>
 
+#include "richtext/html/css_filter.h"
 #include "richtext/html/html_tokenizer.h"
 
 namespace snipdeck {
 
-/// Without the numeric entities that name what no document may hold.
-QString WithoutForbiddenEntities(QStringView text);
+/// A value as it stands in a tag.
 QString Quoted(QString value);
 /// The value of an attribute; empty when the tag has none of that name.
 QString ValueOf(const HtmlToken& token, const char* name);
@@ -26,9 +27,10 @@ int ListStartIn(const QString& numberPrefix);
 /// The start tag of a numbered list, with another start.
 QString WithListStart(QString startTag, int start);
 
-/// Of an element's attributes, those that are harmless and that Qt understands, as they are to be written, with a style for
-/// what the element itself means; the spans of cells are not among them. `fontSize` is the surrounding text's in points, and
-/// then the element's.
-QString KeptAttributes(const HtmlToken& token, double& fontSize);
+/// Of an element's attributes, those that are harmless and that Qt understands, as they are to be written, with a style
+/// for what the element itself means, what the rules of style sheets say and what it says itself; the spans of cells
+/// are not among them. Links lead on from `base`, where that is known. `style` is the surrounding text's and then the
+/// element's.
+QString KeptAttributes(const HtmlToken& token, const QList<CssDeclaration>& rules, const QUrl& base, TextStyle& style);
 
 }  // namespace snipdeck

@@ -4,11 +4,12 @@
 
 #include <QSet>
 
-#include "richtext/html/css_filter.h"
 #include "richtext/html/html_attributes.h"
 #include "richtext/html/html_elements.h"
+#include "richtext/html/html_entities.h"
 #include "richtext/html/html_lines.h"
 #include "richtext/html/html_pictures.h"
+#include "richtext/html/html_style_sheet.h"
 #include "richtext/html/html_table_sizes.h"
 #include "richtext/html/html_tokenizer.h"
 #include "richtext/html/html_variety.h"
@@ -26,31 +27,21 @@ constexpr qsizetype kCharactersPerElement = 10;
 constexpr int kMaxItemsInList = 250;
 constexpr int kManyItems = 5000;
 constexpr int kMaxItemsWhereMany = 50;
-constexpr int kMaxRules = 400;
-constexpr double kDefaultPoints = 12;
+
+// Blanks that show nothing are gone before Qt's importer sees the text; on its own it would take those of other
+// scripts, too.
+constexpr char kKeepBlanks[] = "<body style=\"white-space:pre-wrap\">";
 
 struct OpenElement {
   QString name;
-  QString startTag;  ///< as written; empty when only the contents are
+  QString startTag;  ///< As written; empty when only the contents are.
   QString endTag;
-  double fontSize = kDefaultPoints;
+  TextStyle style;
   int items = 0;  ///< Of a list, since it was begun or went on as another one.
   int next = 1;   ///< The number of its next item.
   bool isBlock = false;
-  bool keepsBlanks = false;
+  bool isHidden = false;
 };
-
-/// Hard spaces, as characters or by name, are text.
-bool IsBlank(QStringView text) {
-  return std::all_of(text.begin(), text.end(), [](QChar one) { return QStringView(u" \t\r\n\f").contains(one); });
-}
-
-/// What an element with these attributes does with blanks, in a surrounding that keeps them or not.
-bool KeepsBlanks(const QString& attributes, bool surrounding) {
-  const QLatin1String property("white-space:");
-  const qsizetype at = attributes.lastIndexOf(property);
-  return at < 0 ? surrounding : QStringView(attributes).mid(at + property.size()).startsWith(u"pre");
-}
 
 bool IsCell(const QString& name) {
   return name == QLatin1String("td") || name == QLatin1String("th");
@@ -65,7 +56,10 @@ bool IsPartOfTable(const QString& name) {
 
 class Cleaner {
  public:
+  explicit Cleaner(double basePoints) { m_style.basePoints = m_style.points = basePoints; }
+
   CleanHtml Clean(const HtmlPayload& payload) {
+    m_base = QUrl(payload.source);
     const QStringView html(payload.html);
     m_maxElements = std::max(kMaxElements, html.size() / kCharactersPerElement);
     m_lines.SwitchOff(true);
@@ -75,11 +69,10 @@ class Cleaner {
     Feed(html.mid(payload.begin, payload.end - payload.begin));
     m_lines.EndText();
     CloseDownTo(0);
-    m_clean.html = m_lines.Take();
+    m_clean.html = QLatin1String(kKeepBlanks) + m_lines.Take();
     Tell(m_depthCut, "elements nested too deep");
     Tell(m_elementsCut, "elements beyond the limit");
     Tell(m_picturesDropped, "pictures outside the page");
-    if (!m_sheet.isEmpty()) m_clean.html.prepend(QLatin1String("<style>") + m_sheet + QLatin1String("</style>"));
     return std::move(m_clean);
   }
 
@@ -107,21 +100,28 @@ class Cleaner {
     if (count > 0) m_clean.warnings.append(QStringLiteral("%1 %2 left out").arg(count).arg(QLatin1String(what)));
   }
 
+  /// The style of what stands here.
+  const TextStyle& Style() const { return m_open.isEmpty() ? m_style : m_open.last().style; }
+
+  /// Rules for the whole page hold where its element was not copied, too.
+  void SupplyBody() {
+    if (m_open.isEmpty() && !m_sheet.IsEmpty()) Supply(QStringLiteral("body"));
+  }
+
   void Text(QStringView text) {
     if (m_inHead) return;
-    if (!IsBlank(text) || (!m_open.isEmpty() && m_open.last().keepsBlanks)) {
-      m_lines.Content();
-    } else if (!m_sheetKeepsBlanks) {
-      return m_lines.Blank();
-    }
-    m_lines.Write(WithoutForbiddenEntities(text).replace(u'<', QLatin1String("&lt;")));
+    SupplyBody();
+    QString characters = DecodeEntities(text, EntityPlace::Text);
+    if (m_skipsLineEnd && characters.startsWith(u'\n')) characters.remove(0, 1);
+    m_skipsLineEnd = false;
+    m_lines.Text(characters, Style().blanks);
   }
 
   void StartTag(const HtmlToken& token, HtmlTokenizer& tokenizer) {
-    if (token.name == QLatin1String("style")) {
-      m_sheet += FilterStyleSheet(tokenizer.RawText(token.name), kMaxRules - static_cast<int>(m_sheet.count(u'{')));
-      m_sheetKeepsBlanks = m_sheet.contains(QLatin1String("white-space:pre"));
-      return;
+    m_skipsLineEnd = false;
+    if (token.name == QLatin1String("style")) return m_sheet.Add(tokenizer.RawText(token.name));
+    if (token.name == QLatin1String("base") && !ValueOf(token, "href").isEmpty()) {
+      m_base = m_base.resolved(QUrl(ValueOf(token, "href")));
     }
     const HtmlElement element = ElementNamed(token.name);
     if (token.name == QLatin1String("head")) m_inHead = true;
@@ -148,17 +148,18 @@ class Cleaner {
   void Picture(const HtmlToken& token) {
     const QString name = TakePicture(ValueOf(token, "src"), m_clean.pictures);
     m_inHead = false;
-    m_lines.Content();
     if (name.isEmpty()) {
       ++m_picturesDropped;
-      QString alternative = ValueOf(token, "alt");
-      if (IsAddress(alternative)) return;
-      return m_lines.Write(WithoutForbiddenEntities(alternative.replace(u'<', QLatin1String("&lt;"))));
+      const QString alternative = ValueOf(token, "alt");
+      if (!IsAddress(alternative)) m_lines.Text(alternative, TextStyle::Blanks::Collapse);
+      return;
     }
+    m_lines.Content();
     m_lines.Write(QLatin1String("<img src=") + Quoted(name) + PictureSize(token) + u'>');
   }
 
   void Open(const HtmlToken& token, const HtmlElement& element) {
+    if (token.name != QLatin1String("body")) SupplyBody();
     CloseImplied(token.name);
     if (m_sizes.IsFull() && !m_leftTables) LeaveTables();
     SupplyTable(token.name);
@@ -258,12 +259,10 @@ class Cleaner {
   }
 
   void Push(const HtmlToken& token, const HtmlElement& element) {
-    OpenElement open{token.name, {}, {}, m_open.isEmpty() ? kDefaultPoints : m_open.last().fontSize};
-    const bool surrounding = !m_open.isEmpty() && m_open.last().keepsBlanks;
-    QString attributes = KeptAttributes(token, open.fontSize);
+    OpenElement open{token.name, {}, {}, Style()};
+    QString attributes = KeptAttributes(token, RulesFor(token), m_base, open.style);
     m_variety.Limit(attributes);
     if (IsCell(token.name)) attributes += Spans(token);
-    open.keepsBlanks = KeepsBlanks(attributes, surrounding || QLatin1String(element.as) == QLatin1String("pre"));
     open.startTag = QLatin1Char('<') + QLatin1String(element.as) + attributes + u'>';
     open.endTag = QLatin1String("</") + QLatin1String(element.as) + u'>';
     if (token.name == QLatin1String("table")) {
@@ -273,9 +272,20 @@ class Cleaner {
     }
     if (token.name == QLatin1String("ol")) open.next = ListStartOf(token);
     open.isBlock = ElementNamed(token.name).isBlock;
+    m_skipsLineEnd = QLatin1String(element.as) == QLatin1String("pre");
     m_lines.Write(open.startTag);
     if (element.isBlock) m_lines.NoteBlockTag();
     m_open.append(open);
+    m_path.append(SelectorSubject::Of(token));
+  }
+
+  /// What the style sheets say of an element that is about to be opened.
+  QList<CssDeclaration> RulesFor(const HtmlToken& token) {
+    if (m_sheet.IsEmpty()) return {};
+    m_path.append(SelectorSubject::Of(token));
+    const QList<CssDeclaration> rules = m_sheet.DeclarationsFor(m_path);
+    m_path.removeLast();
+    return rules;
   }
 
   void CloseImplied(const QString& next) {
@@ -294,6 +304,7 @@ class Cleaner {
   }
 
   void EndTag(const QString& name) {
+    m_skipsLineEnd = false;
     if (name == QLatin1String("head")) m_inHead = false;
     if (name == QLatin1String("br")) return m_lines.Break();
     const bool ofTable =
@@ -308,6 +319,7 @@ class Cleaner {
     while (m_open.size() > count) {
       m_lines.EndContents(m_open.size());
       const OpenElement element = m_open.takeLast();
+      m_path.removeLast();
       if (element.isBlock) m_lines.EndBlock();
       if (element.name == QLatin1String("table")) {
         --m_tables;
@@ -320,10 +332,13 @@ class Cleaner {
 
   CleanHtml m_clean;
   HtmlLines m_lines;  ///< Off in front of the copied part, where elements are noted.
-  QString m_sheet;
+  HtmlStyleSheet m_sheet;
+  TextStyle m_style;  ///< Outside of all elements.
+  QUrl m_base;        ///< Of links.
   QList<OpenElement> m_open;
+  QList<SelectorSubject> m_path;  ///< The same elements, as style sheets see them.
   bool m_inHead = false;
-  bool m_sheetKeepsBlanks = false;
+  bool m_skipsLineEnd = false;  ///< Directly behind the tag of preformatted text.
   int m_tables = 0;
   qsizetype m_elements = 0;
   qsizetype m_maxElements = kMaxElements;
@@ -338,8 +353,8 @@ class Cleaner {
 
 }  // namespace
 
-CleanHtml CleanUpHtml(const HtmlPayload& payload) {
-  return Cleaner().Clean(payload);
+CleanHtml CleanUpHtml(const HtmlPayload& payload, double basePoints) {
+  return Cleaner(basePoints).Clean(payload);
 }
 
 }  // namespace snipdeck

@@ -16,7 +16,7 @@ struct CleanHtml {
   QStringList warnings;
 };
 
-/// The copied part of a payload, inside the elements that surround it.
-CleanHtml CleanUpHtml(const HtmlPayload& payload);
+/// The copied part of a payload, inside the elements that surround it. Text without a size of its own has `basePoints`.
+CleanHtml CleanUpHtml(const HtmlPayload& payload, double basePoints);
 
 }  // namespace snipdeck

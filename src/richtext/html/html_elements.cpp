@@ -1,6 +1,6 @@
 #include "richtext/html/html_elements.h"
 
-#include <array>
+#include <algorithm>
 
 #include <QHash>
 #include <QSet>
@@ -47,6 +47,7 @@ const QHash<QString, HtmlElement>& Elements() {
                                                         {"samp", kInline("samp")},
                                                         {"nobr", kInline("span")},
                                                         {"abbr", kInline("span")},
+                                                        {"q", kInline("span")},
                                                         {"p", kBlock("p")},
                                                         {"div", kBlock("div")},
                                                         {"body", kBlock("div")},
@@ -149,16 +150,6 @@ bool EndsByItself(const QString& open, const QString& next) {
 
 bool IsFence(const QString& name) {
   return IsIn(name, {"td", "th", "table", "caption"});
-}
-
-double HeadingPoints(int level) {
-  constexpr std::array<double, 6> kPoints = {24, 18, 14, 12, 10, 7.5};
-  return level >= 1 && level <= 6 ? kPoints[static_cast<size_t>(level - 1)] : 0;
-}
-
-double FontElementPoints(int size) {
-  constexpr std::array<double, 7> kPoints = {7.5, 10, 12, 13.5, 18, 24, 36};
-  return size >= 1 && size <= 7 ? kPoints[static_cast<size_t>(size - 1)] : 0;
 }
 
 }  // namespace snipdeck

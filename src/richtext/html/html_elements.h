@@ -25,8 +25,4 @@ bool EndsByItself(const QString& open, const QString& next);
 /// Elements whose end tags inside them do not reach out of them: a table's cell and its table.
 bool IsFence(const QString& name);
 
-/// Size in points of a heading h1 to h6, and of the seven sizes of a font element; 0 for other numbers.
-double HeadingPoints(int level);
-double FontElementPoints(int size);
-
 }  // namespace snipdeck

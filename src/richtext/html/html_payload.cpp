@@ -17,6 +17,7 @@ struct Header {
   qsizetype html = -1;
   qsizetype begin = -1;
   qsizetype end = -1;
+  QString source;
 };
 
 qsizetype OffsetOf(QByteArrayView header, QByteArrayView name) {
@@ -31,11 +32,17 @@ qsizetype OffsetOf(QByteArrayView header, QByteArrayView name) {
   return value;
 }
 
+QString SourceOf(QByteArrayView header) {
+  static const QRegularExpression kSource(QStringLiteral("\\nSourceURL:([^\\r\\n]*)"));
+  return kSource.match(QString::fromUtf8(header)).captured(1).trimmed();
+}
+
 Header ReadHeader(QByteArrayView bytes) {
   if (!bytes.startsWith("Version:")) return {};
   const qsizetype markup = bytes.indexOf('<');
   const QByteArrayView header = bytes.first(std::min(markup < 0 ? bytes.size() : markup, kHeaderReach));
-  Header result{true, header.size(), OffsetOf(header, "StartFragment:"), OffsetOf(header, "EndFragment:")};
+  Header result{true, header.size(), OffsetOf(header, "StartFragment:"), OffsetOf(header, "EndFragment:"), {}};
+  result.source = SourceOf(header);
   if (result.begin < header.size() || result.end < result.begin || result.end > bytes.size())
     result.begin = result.end = -1;
   return result;
@@ -77,7 +84,7 @@ namespace {
 HtmlPayload FindCopiedPart(QByteArrayView bytes) {
   const Header header = ReadHeader(bytes);
   const QByteArrayView page = header.found ? bytes.sliced(std::max<qsizetype>(header.html, 0)) : bytes;
-  HtmlPayload payload{DecodeHtml(page), 0, 0};
+  HtmlPayload payload{DecodeHtml(page), 0, 0, header.source};
   payload.end = payload.html.size();
   if (MarkByComments(payload) || header.begin < 0) return payload;
   // The offsets count bytes from the start of the header.

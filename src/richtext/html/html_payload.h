@@ -11,6 +11,7 @@ struct HtmlPayload {
   QString html;
   qsizetype begin = 0;
   qsizetype end = 0;
+  QString source;  ///< The address of the page it was copied from; empty when unknown.
 };
 
 /// Decodes the bytes (by byte order mark, clipboard header or meta element; else UTF-8 when they are that; else

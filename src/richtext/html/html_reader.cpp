@@ -103,7 +103,8 @@ void TidyLists(QTextDocument& document) {
 
 QStringList ReadHtml(QByteArrayView html, QTextDocument& document) {
   HtmlPayload payload = ReadHtmlPayload(html);
-  const CleanHtml clean = CleanUpHtml(payload);
+  const double points = document.defaultFont().pointSizeF();
+  const CleanHtml clean = CleanUpHtml(payload, points > 0 ? points : TextStyle().basePoints);
   for (auto it = clean.pictures.cbegin(); it != clean.pictures.cend(); ++it) {
     document.addResource(QTextDocument::ImageResource, QUrl(it.key()), it.value());
   }

@@ -1,5 +1,7 @@
 #include "richtext/html/html_tokenizer.h"
 
+#include "richtext/html/html_entities.h"
+
 namespace snipdeck {
 namespace {
 
@@ -91,7 +93,7 @@ QString HtmlTokenizer::Value() {
     while (end < m_html.size() && !m_html[end].isSpace() && m_html[end] != u'>') ++end;
   }
   m_at = std::min(end + quoted, m_html.size());
-  return m_html.mid(begin, end - begin).toString();
+  return DecodeEntities(m_html.mid(begin, end - begin), EntityPlace::Attribute);
 }
 
 void HtmlTokenizer::SkipBlanks() {

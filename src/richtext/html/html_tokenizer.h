@@ -7,7 +7,7 @@ namespace snipdeck {
 
 struct HtmlAttribute {
   QString name;   ///< lower case
-  QString value;  ///< as written, entities and all
+  QString value;  ///< its entities as characters
 };
 
 struct HtmlToken {

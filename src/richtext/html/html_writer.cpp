@@ -49,8 +49,14 @@ bool NeedsBlanksKept(const QString& text) {
   const auto isSpecial = [](QChar character) {
     return character.isSpace() && character != u' ' && character != QChar::Nbsp && character != QChar::LineSeparator;
   };
-  return text.startsWith(u' ') || text.endsWith(u' ') || text.contains(QLatin1String("  ")) ||
-         std::any_of(text.begin(), text.end(), isSpecial);
+  const auto isAtLineEnd = [&](qsizetype at) {
+    return at == 0 || at + 1 == text.size() || text[at - 1] == QChar::LineSeparator ||
+           text[at + 1] == QChar::LineSeparator || text[at - 1] == u' ';
+  };
+  for (qsizetype at = text.indexOf(u' '); at >= 0; at = text.indexOf(u' ', at + 1)) {
+    if (isAtLineEnd(at)) return true;
+  }
+  return std::any_of(text.begin(), text.end(), isSpecial);
 }
 
 constexpr int kLevelWithoutItems = std::numeric_limits<int>::min();
