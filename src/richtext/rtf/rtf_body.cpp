@@ -130,7 +130,17 @@ void RtfBody::EndSection() {
   BreakPage();
 }
 
+// The end of an outer cell while the row of an inner table is still to be ended: a writer's slip behind a table that
+// is deeper still.
+bool RtfBody::IsStrayCellEnd(int level) const {
+  const int paragraphLevel = ParagraphLevel();
+  if (level >= paragraphLevel || HasOpenParagraph()) return false;
+  const OpenTable& table = m_tables.back();
+  return m_tables.size() == static_cast<std::size_t>(paragraphLevel) && table.cell.IsEmpty() && !table.cells.empty();
+}
+
 void RtfBody::EndCell(int level) {
+  if (!m_tables.empty() && IsStrayCellEnd(level)) return;
   SetLevel(static_cast<std::size_t>(std::max(level, 1)));
   OpenTable& table = m_tables.back();
   MoveParagraphTo(table.cell);

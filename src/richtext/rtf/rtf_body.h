@@ -46,6 +46,7 @@ class RtfBody : public RtfDestination {
     Flow cell;
   };
   int ParagraphLevel() const;
+  bool IsStrayCellEnd(int level) const;
   void SetLevel(std::size_t level);
   void CloseTable();
   void FinishRow(OpenTable& table, std::size_t level);
