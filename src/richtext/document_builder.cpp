@@ -29,6 +29,12 @@ void SetCellFormat(QTextTableCell& cell, const QTextTableCellFormat& format) {
   cell.setFormat(both);
 }
 
+void MarkSeam(QTextCursor& behindTable) {
+  QTextBlockFormat seam;
+  seam.setProperty(kTableGoesOn, true);
+  behindTable.setBlockFormat(seam);
+}
+
 }  // namespace
 
 DocumentBuilder::DocumentBuilder(QTextDocument& document, const FlowFormats& formats)
@@ -165,6 +171,7 @@ void DocumentBuilder::WriteTable(Place& place, const TableFlow& table) {
   while (begin < table.rows.size()) {
     const std::size_t limit = TableGrid::NeedsMerging(table, begin, kMaxRowsPlain) ? kMaxRowsMerged : kMaxRowsPlain;
     const std::size_t end = TableGrid::ChunkEnd(table, begin, limit);
+    if (begin > 0) MarkSeam(place.cursor);
     WriteRows(place, table, begin, end);
     begin = end;
   }

@@ -7,6 +7,8 @@
 #include <QTextFrame>
 #include <QTextTable>
 
+#include "richtext/format_properties.h"
+
 namespace snipdeck {
 namespace {
 
@@ -24,6 +26,7 @@ class Walk {
         // Qt looks both up in a tree.
         const int first = block.position();
         const int length = block.length();
+        if (length == 1 && block.blockFormat().boolProperty(kTableGoesOn)) continue;
         if (Touches(first, first + length - 1)) Block(block, first, length, first + length > std::min(endOfContents, m_end));
       }
     }

@@ -25,6 +25,7 @@ enum FormatProperty : int {
   kKeepWithNext,     ///< bool: no page break after the paragraph.
   kListLabel,        ///< QString: label of a list paragraph as its writer showed it, where its list cannot count it.
   kParagraphBorder,  ///< QString: borders, as the RTF control words that describe them, with colours as \brdrcf#rrggbb.
+  kTableGoesOn,      ///< bool: the place between two of Qt's tables that are one; no paragraph while it has no text.
 
   // Table cells
   kRowHeight = QTextFormat::UserProperty + 150,  ///< int: least height of the cell's row in twips; negative: just that.

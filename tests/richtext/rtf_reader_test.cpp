@@ -13,6 +13,7 @@
 #include "richtext/document_compare.h"
 #include "richtext/format_properties.h"
 #include "richtext/linear_time.h"
+#include "richtext/rich_text.h"
 #include "richtext/rtf/rtf_tokenizer.h"
 #include "richtext/safe_document.h"
 
@@ -58,6 +59,7 @@ class RtfReaderTest : public QObject {
   void CutAnywhere();
   void CutProseShowsItsBeginning();
   void HeadersBelongToDocuments();
+  void LongTablesStayWhole();
   void Tokens();
   void TimeGrowsLinearly_data();
   void TimeGrowsLinearly();
@@ -146,6 +148,16 @@ void RtfReaderTest::Tokens() {
   }
   QCOMPARE(seen.join(u','), QStringLiteral("{,b=-12,text x,hex 4,text ,text zz,binary }{\\,},symbol 42,symbol 13,"
                                            "fs=2147483647,u=-5,text ?,}"));
+}
+
+// Qt takes long a time for long tables, so that they go on as further ones; nobody is to see that.
+void RtfReaderTest::LongTablesStayWhole() {
+  const QByteArray oneCell = "\\trowd\\cellx9000\\pard\\intbl x\\cell\\row\n";
+  const QByteArray twoCells = "\\trowd\\cellx4000\\cellx9000\\pard\\intbl a\\cell\\pard\\intbl b\\cell\\row\n";
+  const RichText text = RichText::FromRtf("{\\rtf1 " + oneCell.repeated(250) + twoCells + "\\pard end\\par}");
+  const QString expected = QStringLiteral("x\n").repeated(250) + QStringLiteral("a\tb\nend");
+  QCOMPARE(text.PlainText(), expected);
+  QCOMPARE(RichText::FromRtf(text.Rtf()).PlainText(), expected);
 }
 
 void RtfReaderTest::TimeGrowsLinearly_data() {
