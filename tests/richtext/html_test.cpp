@@ -27,6 +27,7 @@ class HtmlTest : public QObject {
   void NothingIsLoaded();
   void DeepAndWideIsCut();
   void LongPagesAreKeptWhole();
+  void LongTablesAreKeptWhole();
   void TimeGrowsLinearly_data();
   void TimeGrowsLinearly();
   void WrittenAgainIsTheSame();
@@ -115,6 +116,20 @@ void HtmlTest::Text_data() {
   QTest::newRow("blocks by their names")
       << QByteArray("a<address>b</address>c<legend>d</legend>e<summary>f</summary>g<dialog>h</dialog>i")
       << "a\nb\nc\nd\ne\nf\ng\nh\ni";
+  QTest::newRow("text between cells")
+      << QByteArray("a<table>stray<tr>stray2<td>b<table><b>c</b><td>d</table><td>e</tr></table>")
+      << "a\nstray\nstray2\nb\nc\nd\n\te\n";
+  QTest::newRow("a form around cells") << QByteArray("<table><form><tr><td>a<td>b</form></table>") << "a\tb\n";
+  QTest::newRow("what is hidden") << QByteArray(
+                                         "<style>.h{display:none}</style><p>a<i class=h>x</i><i hidden>x<b>x</b></i>"
+                                         "<u style='visibility:hidden'>x</u>b<table hidden><td>x</table><p>c")
+                                  << "ab\nc";
+  QTest::newRow("display of blocks") << QByteArray(
+                                            "a<span style='display:block'>b</span><a style='display:block'>c</a>d"
+                                            "<img src=x alt=e style='display:block'>f")
+                                     << "a\nb\nc\nd\ne\nf";
+  QTest::newRow("quotes") << QByteArray("<q>a <q>b</q></q>") << "“a ‘b’”";
+  QTest::newRow("a break for pasting") << QByteArray("<b>a</b><br class=Apple-interchange-newline>") << "a";
   QTest::newRow("lonely brackets") << QByteArray("<p>1 < 2 &amp; 3 > 2 <3</p>") << "1 < 2 & 3 > 2 <3";
   QTest::newRow("forbidden numbers") << QByteArray("<p>a&#0;&#x1b;&#xFDD0;b&#65;&#x10FFFF;</p>")
                                      << QString("abA") + QString::fromUcs4(U"\U0010FFFF");
@@ -163,6 +178,9 @@ void HtmlTest::Formats_data() {
                         << "link=https://example.org/?a=1&b=2";
   QTest::newRow("link with names in it") << QByteArray("<a href='https://example.org/?a&copy=1&lt2&b&quot'>a</a>")
                                          << "link=https://example.org/?a&copy=1&lt2&b\"";
+  QTest::newRow("link from the page's place")
+      << QByteArray("Version:0.9\nSourceURL:https://example.org/a/b.html\n<base href=c/><a href='d?e'>a</a>")
+      << "link=https://example.org/a/c/d?e";
   QTest::newRow("points of indent") << QByteArray("<p style='margin-left:36.0pt'>a</p>") << "left=720";
   QTest::newRow("list start") << QByteArray("<ol type=i start=3><li>a<li>b</ol>") << "number=iv.";
   QTest::newRow("item number") << QByteArray("<ol><li>a<li value=7>b<li>c</ol>") << "number=8.";
@@ -234,6 +252,13 @@ void HtmlTest::LongPagesAreKeptWhole() {
   constexpr int kParagraphs = 110'000;
   const QByteArray page = "<body>" + QByteArray("<p>of a long page</p>").repeated(kParagraphs) + "</body>";
   QCOMPARE(RichText::FromHtml(page).PlainText().count('\n'), kParagraphs - 1);
+}
+
+void HtmlTest::LongTablesAreKeptWhole() {
+  constexpr int kRows = 70'000;
+  const QString text = RichText::FromHtml("<table>" + QByteArray("<tr><td>a<td>b").repeated(kRows)).PlainText();
+  QCOMPARE(text.count(u'b'), kRows);
+  QVERIFY(text.endsWith(QLatin1String("\na\tb\na\tb")));
 }
 
 void HtmlTest::TimeGrowsLinearly_data() {

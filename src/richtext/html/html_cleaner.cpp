@@ -2,12 +2,13 @@
 
 #include <algorithm>
 
-#include <QSet>
+#include <QUrl>
 
 #include "richtext/html/html_attributes.h"
 #include "richtext/html/html_elements.h"
 #include "richtext/html/html_entities.h"
 #include "richtext/html/html_lines.h"
+#include "richtext/html/html_open_elements.h"
 #include "richtext/html/html_pictures.h"
 #include "richtext/html/html_style_sheet.h"
 #include "richtext/html/html_table_sizes.h"
@@ -32,26 +33,8 @@ constexpr int kMaxItemsWhereMany = 50;
 // scripts, too.
 constexpr char kKeepBlanks[] = "<body style=\"white-space:pre-wrap\">";
 
-struct OpenElement {
-  QString name;
-  QString startTag;  ///< As written; empty when only the contents are.
-  QString endTag;
-  TextStyle style;
-  int items = 0;  ///< Of a list, since it was begun or went on as another one.
-  int next = 1;   ///< The number of its next item.
-  bool isBlock = false;
-  bool isHidden = false;
-};
-
-bool IsCell(const QString& name) {
-  return name == QLatin1String("td") || name == QLatin1String("th");
-}
-
-bool IsPartOfTable(const QString& name) {
-  static const QSet<QString> kNames = {QStringLiteral("table"), QStringLiteral("tr"),     QStringLiteral("td"),
-                                       QStringLiteral("th"),    QStringLiteral("thead"),  QStringLiteral("tbody"),
-                                       QStringLiteral("tfoot"), QStringLiteral("caption")};
-  return kNames.contains(name);
+bool IsBlank(const QString& text) {
+  return std::all_of(text.begin(), text.end(), [](QChar one) { return QStringView(u" \t\r\n\f").contains(one); });
 }
 
 class Cleaner {
@@ -62,21 +45,43 @@ class Cleaner {
     m_base = QUrl(payload.source);
     const QStringView html(payload.html);
     m_maxElements = std::max(kMaxElements, html.size() / kCharactersPerElement);
-    m_lines.SwitchOff(true);
+    m_outside = true;
+    SwitchOff(true);
     Feed(html.first(payload.begin));
-    m_lines.SwitchOff(false);
-    for (const OpenElement& element : std::as_const(m_open)) m_lines.Write(element.startTag);
+    m_outside = false;
+    SwitchOff(false);
+    WriteSurroundings();
     Feed(html.mid(payload.begin, payload.end - payload.begin));
     m_lines.EndText();
     CloseDownTo(0);
     m_clean.html = QLatin1String(kKeepBlanks) + m_lines.Take();
-    Tell(m_depthCut, "elements nested too deep");
-    Tell(m_elementsCut, "elements beyond the limit");
-    Tell(m_picturesDropped, "pictures outside the page");
+    Tell(m_depthCut, "elements nested too deep shown as lines");
+    Tell(m_elementsCut, "elements beyond the limit shown as lines");
+    Tell(m_picturesDropped, "pictures outside the page left out");
     return std::move(m_clean);
   }
 
  private:
+  void SwitchOff(bool isOff) {
+    m_lines.SwitchOff(isOff);
+    for (StrayText& stray : m_strays) stray.lines.SwitchOff(isOff);
+  }
+
+  /// The elements around the copied part.
+  void WriteSurroundings() {
+    m_hidden = 0;
+    qsizetype table = 0;
+    for (OpenElement& element : m_open) {
+      element.isHidden = false;
+      if (element.name == QLatin1String("table")) m_strays[table++].begin = m_lines.Size();
+      if (!element.isStray) m_lines.Write(element.startTag);
+    }
+  }
+
+  /// Where what stands here is written. Text in a table and in none of its cells is to be seen in front of the table.
+  HtmlLines& Lines() { return IsBetweenCells(m_open) ? m_strays.last().lines : m_lines; }
+  HtmlLines& LinesFor(const QString& name) { return IsPartOfTable(name) ? m_lines : Lines(); }
+
   void Feed(QStringView html) {
     HtmlTokenizer tokenizer(html);
     for (HtmlToken token = tokenizer.Next(); token.kind != HtmlToken::Kind::End; token = tokenizer.Next()) {
@@ -97,7 +102,7 @@ class Cleaner {
   }
 
   void Tell(int count, const char* what) {
-    if (count > 0) m_clean.warnings.append(QStringLiteral("%1 %2 left out").arg(count).arg(QLatin1String(what)));
+    if (count > 0) m_clean.warnings.append(QStringLiteral("%1 %2").arg(count).arg(QLatin1String(what)));
   }
 
   /// The style of what stands here.
@@ -110,11 +115,28 @@ class Cleaner {
 
   void Text(QStringView text) {
     if (m_inHead) return;
-    SupplyBody();
     QString characters = DecodeEntities(text, EntityPlace::Text);
     if (m_skipsLineEnd && characters.startsWith(u'\n')) characters.remove(0, 1);
     m_skipsLineEnd = false;
-    m_lines.Text(characters, Style().blanks);
+    if (!IsBlank(characters)) {
+      SupplyBody();
+      WriteLastBreak();
+    } else if (IsBetweenCells(m_open)) {
+      return;
+    }
+    Lines().Text(characters, Style().blanks);
+  }
+
+  /// Browsers put a break of this class behind all that was copied; there, it is none.
+  void Break(const QString& className) {
+    WriteLastBreak();
+    m_owesBreak = className == QLatin1String("Apple-interchange-newline");
+    if (!m_owesBreak) Lines().Break();
+  }
+
+  void WriteLastBreak() {
+    if (m_owesBreak) Lines().Break();
+    m_owesBreak = false;
   }
 
   void StartTag(const HtmlToken& token, HtmlTokenizer& tokenizer) {
@@ -130,58 +152,99 @@ class Cleaner {
       return;
     }
     if (element.treatment == HtmlElement::Treatment::Keep) m_inHead = false;
-    if (token.name == QLatin1String("br")) return m_lines.Break();
+    if (token.name == QLatin1String("br")) return Break(ValueOf(token, "class"));
+    WriteLastBreak();
     if (token.name == QLatin1String("hr")) return Rule();
     if (token.name == QLatin1String("img")) return Picture(token);
     if (element.treatment == HtmlElement::Treatment::Keep) Open(token, element);
   }
 
   void Rule() {
-    CloseImplied(QStringLiteral("div"));
-    m_lines.EndContents(m_open.size());
-    m_lines.EndLine();
-    m_lines.StartBlock(m_open.size());
-    m_lines.Write(QStringLiteral("<hr>"));
-    m_lines.NoteEndTag(m_open.size(), true);
+    CloseDownTo(StayOpenBefore(QStringLiteral("div"), m_open));
+    StartBlockIn(Lines());
+    Lines().Write(QStringLiteral("<hr>"));
+    Lines().NoteEndTag(m_open.size(), true);
+  }
+
+  void StartBlockIn(HtmlLines& lines) {
+    lines.EndContents(m_open.size());
+    lines.EndLine();
+    lines.StartBlock(m_open.size());
   }
 
   void Picture(const HtmlToken& token) {
-    const QString name = TakePicture(ValueOf(token, "src"), m_clean.pictures);
     m_inHead = false;
+    TextStyle style = Style();
+    KeptAttributes(token, RulesFor(token), m_base, style);
+    if (style.display == TextStyle::Display::None) return;
+    if (style.display != TextStyle::Display::Block) return WritePicture(token);
+    StartBlockIn(Lines());
+    Lines().Write(QStringLiteral("<div>"));
+    Lines().NoteBlockTag();
+    WritePicture(token);
+    Lines().EndBlock();
+    Lines().Write(QStringLiteral("</div>"));
+    Lines().NoteEndTag(m_open.size(), true);
+  }
+
+  void WritePicture(const HtmlToken& token) {
+    const QString name = TakePicture(ValueOf(token, "src"), m_clean.pictures);
     if (name.isEmpty()) {
       ++m_picturesDropped;
       const QString alternative = ValueOf(token, "alt");
-      if (!IsAddress(alternative)) m_lines.Text(alternative, TextStyle::Blanks::Collapse);
+      if (!IsAddress(alternative)) Lines().Text(alternative, TextStyle::Blanks::Collapse);
       return;
     }
-    m_lines.Content();
-    m_lines.Write(QLatin1String("<img src=") + Quoted(name) + PictureSize(token) + u'>');
+    Lines().Content();
+    Lines().Write(QLatin1String("<img src=") + Quoted(name) + PictureSize(token) + u'>');
   }
 
   void Open(const HtmlToken& token, const HtmlElement& element) {
-    if (token.name != QLatin1String("body")) SupplyBody();
-    CloseImplied(token.name);
+    const QString& name = token.name;
+    if (name != QLatin1String("body")) SupplyBody();
+    CloseDownTo(StayOpenBefore(name, m_open));
     if (m_sizes.IsFull() && !m_leftTables) LeaveTables();
-    SupplyTable(token.name);
-    if (m_open.size() >= kMaxDepth || (token.name == QLatin1String("table") && m_tables >= kMaxTableDepth)) {
+    SupplyTable(name);
+    if (IsBeyondLimits(name)) return WritePlain(name, element);
+    OpenElement open = Prepared(token, element);
+    if (open.isHidden && m_hidden++ == 0) SwitchOff(true);
+    if (IsPartOfTable(name) && IsBetweenCells(m_open)) Lines().EndPlainLine();
+    HtmlLines& lines = LinesFor(name);
+    if (IsPartOfTable(name) && name != QLatin1String("table")) {
+      lines.EndContents(m_open.size());
+      lines.StartBlock(m_open.size());
+    } else if (open.isBlock) {
+      StartBlockIn(lines);
+    }
+    if (name == QLatin1String("li")) StartItem(ValueOf(token, "value"));
+    if (name == QLatin1String("tr")) StartRow();
+    Push(token, open);
+    if (name == QLatin1String("q"))
+      Lines().Text(m_quotes++ % 2 ? QStringLiteral("\u2018") : QStringLiteral("\u201C"), open.style.blanks);
+  }
+
+  bool IsBeyondLimits(const QString& name) {
+    if (m_sizes.IsFull() && IsPartOfTable(name)) return true;
+    if (m_open.size() >= kMaxDepth || (name == QLatin1String("table") && m_tables >= kMaxTableDepth)) {
       ++m_depthCut;
-      return;
+      return true;
     }
-    if (++m_elements > m_maxElements) {
-      ++m_elementsCut;
-      return;
-    }
-    if (element.isBlock) m_lines.EndContents(m_open.size());
-    if (token.name == QLatin1String("table") || (element.isBlock && !IsPartOfTable(token.name))) m_lines.EndLine();
-    if (element.isBlock) m_lines.StartBlock(m_open.size());
-    if (token.name == QLatin1String("li")) StartItem(ValueOf(token, "value"));
-    Push(token, IsTooMany(token) ? ElementNamed(QStringLiteral("div")) : element);
+    if (++m_elements <= m_maxElements) return false;
+    if (!m_leftTables) LeaveTables();
+    ++m_elementsCut;
+    return true;
+  }
+
+  /// What is beyond the limits is lines and, for the cells of tables, words that are parted by tabs.
+  void WritePlain(const QString& name, const HtmlElement& element) {
+    if (IsCell(name)) return Lines().PartPlainCells();
+    if (element.isBlock) Lines().EndPlainLine();
   }
 
   /// A list goes on as another one where an item says its number, and where it becomes too long.
   void StartItem(const QString& value) {
     ++m_listItems;
-    if (!IsInList()) return;
+    if (!IsInList(m_open)) return;
     OpenElement& list = m_open.last();
     bool isNumber = false;
     const int number = value.trimmed().toInt(&isNumber);
@@ -191,22 +254,10 @@ class Cleaner {
     if (isSaid || list.items >= limit) {
       list.startTag = WithListStart(list.startTag, list.next);
       list.items = 0;
-      m_lines.Write(list.endTag + list.startTag);
+      Lines().Write(list.endTag + list.startTag);
     }
     ++list.items;
     ++list.next;
-  }
-
-  bool IsInList() const {
-    const QLatin1String tag(m_open.isEmpty() ? "" : ElementNamed(m_open.last().name).as);
-    return tag == QLatin1String("ol") || tag == QLatin1String("ul");
-  }
-
-  /// Rows and cells beyond what tables can take are plain paragraphs, and so are items in the wrong place.
-  bool IsTooMany(const HtmlToken& token) {
-    if (token.name == QLatin1String("li")) return m_listItems > kManyItems && !IsInList();
-    if (token.name == QLatin1String("tr")) StartRow();
-    return m_sizes.IsFull() && IsPartOfTable(token.name);
   }
 
   void StartRow() {
@@ -241,40 +292,49 @@ class Cleaner {
     if (m_sizes.IsFull()) return;
     if (!isCell && name != QLatin1String("tr")) return;
     if (m_tables == 0) Supply(QStringLiteral("table"));
-    if (isCell && !IsInRow()) Supply(QStringLiteral("tr"));
+    if (isCell && !IsInRow(m_open)) Supply(QStringLiteral("tr"));
   }
 
   void Supply(const QString& name) {
     HtmlToken token;
     token.name = name;
-    Push(token, ElementNamed(name));
+    Push(token, Prepared(token, ElementNamed(name)));
   }
 
-  bool IsInRow() const {
-    for (qsizetype i = m_open.size() - 1; i >= 0; --i) {
-      if (m_open[i].name == QLatin1String("tr")) return true;
-      if (m_open[i].name == QLatin1String("table")) return false;
-    }
-    return false;
-  }
-
-  void Push(const HtmlToken& token, const HtmlElement& element) {
+  OpenElement Prepared(const HtmlToken& token, const HtmlElement& element) {
     OpenElement open{token.name, {}, {}, Style()};
     QString attributes = KeptAttributes(token, RulesFor(token), m_base, open.style);
     m_variety.Limit(attributes);
     if (IsCell(token.name)) attributes += Spans(token);
-    open.startTag = QLatin1Char('<') + QLatin1String(element.as) + attributes + u'>';
-    open.endTag = QLatin1String("</") + QLatin1String(element.as) + u'>';
+    // Items in the wrong place take long where there are many.
+    const bool isItemOfNothing = token.name == QLatin1String("li") && m_listItems >= kManyItems && !IsInList(m_open);
+    const QLatin1String tag(isItemOfNothing ? "div" : element.as);
+    open.startTag = QLatin1Char('<') + tag + attributes + u'>';
+    open.endTag = QLatin1String("</") + tag + u'>';
+    open.isBlock = element.isBlock;
+    open.isHidden = open.style.display == TextStyle::Display::None;
+    open.isStray = IsBetweenCells(m_open) && !IsPartOfTable(token.name);
+    if (token.name == QLatin1String("ol")) open.next = ListStartOf(token);
+    if (!element.isBlock && open.style.display == TextStyle::Display::Block) {
+      open.isBlock = true;
+      open.startTag.prepend(QLatin1String("<div>"));
+      open.endTag.append(QLatin1String("</div>"));
+    }
+    return open;
+  }
+
+  void Push(const HtmlToken& token, const OpenElement& open) {
+    HtmlLines& lines = LinesFor(token.name);
     if (token.name == QLatin1String("table")) {
       ++m_tables;
       m_sizes.StartTable();
       m_variety.StartTable();
+      m_strays.append({HtmlLines(), m_lines.Size()});
+      m_strays.last().lines.SwitchOff(m_lines.IsOff());
     }
-    if (token.name == QLatin1String("ol")) open.next = ListStartOf(token);
-    open.isBlock = ElementNamed(token.name).isBlock;
-    m_skipsLineEnd = QLatin1String(element.as) == QLatin1String("pre");
-    m_lines.Write(open.startTag);
-    if (element.isBlock) m_lines.NoteBlockTag();
+    m_skipsLineEnd = open.startTag.startsWith(QLatin1String("<pre"));
+    lines.Write(open.startTag);
+    if (open.isBlock) lines.NoteBlockTag();
     m_open.append(open);
     m_path.append(SelectorSubject::Of(token));
   }
@@ -288,47 +348,47 @@ class Cleaner {
     return rules;
   }
 
-  void CloseImplied(const QString& next) {
-    // Parts of a table end the ones before them, whatever those left open; other elements end what they touch.
-    const bool ofTable = EndsByItself(QStringLiteral("td"), next);
-    qsizetype keep = m_open.size();
-    for (qsizetype i = m_open.size() - 1; i >= 0 && m_open[i].name != QLatin1String("table"); --i) {
-      if (!m_open[i].isBlock) continue;
-      if (EndsByItself(m_open[i].name, next)) {
-        keep = i;
-      } else if (!ofTable) {
-        break;
-      }
-    }
-    CloseDownTo(keep);
-  }
-
   void EndTag(const QString& name) {
     m_skipsLineEnd = false;
     if (name == QLatin1String("head")) m_inHead = false;
-    if (name == QLatin1String("br")) return m_lines.Break();
-    const bool ofTable =
-        name == QLatin1String("table") || name == QLatin1String("tr") || EndsByItself(name, QStringLiteral("tr"));
-    for (qsizetype i = m_open.size() - 1; i >= 0; --i) {
-      if (m_open[i].name == name) return CloseDownTo(i);
-      if (m_open[i].name == QLatin1String("table") || (!ofTable && IsFence(m_open[i].name))) return;
-    }
+    if (name == QLatin1String("br")) return Break({});
+    CloseDownTo(StayOpenBehind(name, m_open));
+    if (m_elementsCut + m_depthCut > 0 && ElementNamed(name).isBlock && !IsCell(name)) Lines().EndPlainLine();
   }
 
   void CloseDownTo(qsizetype count) {
-    while (m_open.size() > count) {
-      m_lines.EndContents(m_open.size());
-      const OpenElement element = m_open.takeLast();
-      m_path.removeLast();
-      if (element.isBlock) m_lines.EndBlock();
-      if (element.name == QLatin1String("table")) {
-        --m_tables;
-        m_sizes.EndTable();
-      }
-      m_lines.Write(element.endTag);
-      m_lines.NoteEndTag(m_open.size(), element.isBlock);
-    }
+    while (m_open.size() > count) Close();
   }
+
+  void Close() {
+    const bool isStray = m_open.last().isStray;
+    HtmlLines& lines = isStray ? m_strays.last().lines : m_lines;
+    if (m_open.last().name == QLatin1String("q"))
+      lines.Text(--m_quotes % 2 ? QStringLiteral("\u2019") : QStringLiteral("\u201D"), Style().blanks);
+    lines.EndContents(m_open.size());
+    const OpenElement element = m_open.takeLast();
+    m_path.removeLast();
+    if (element.isBlock) lines.EndBlock();
+    lines.Write(element.endTag);
+    if (element.name == QLatin1String("table")) EndTable();
+    lines.NoteEndTag(m_open.size(), element.isBlock);
+    if (element.isHidden && --m_hidden == 0) SwitchOff(m_outside);
+  }
+
+  void EndTable() {
+    --m_tables;
+    m_sizes.EndTable();
+    StrayText stray = m_strays.takeLast();
+    stray.lines.EndContents(0);
+    stray.lines.EndBlock();
+    const QString html = stray.lines.Take();
+    if (!html.isEmpty()) m_lines.Insert(stray.begin, QLatin1String("<div>") + html + QLatin1String("</div>"));
+  }
+
+  struct StrayText {
+    HtmlLines lines;
+    qsizetype begin = 0;  ///< Of its table.
+  };
 
   CleanHtml m_clean;
   HtmlLines m_lines;  ///< Off in front of the copied part, where elements are noted.
@@ -337,9 +397,14 @@ class Cleaner {
   QUrl m_base;        ///< Of links.
   QList<OpenElement> m_open;
   QList<SelectorSubject> m_path;  ///< The same elements, as style sheets see them.
+  bool m_outside = false;         ///< In front of the copied part, where elements are only noted.
   bool m_inHead = false;
   bool m_skipsLineEnd = false;  ///< Directly behind the tag of preformatted text.
+  bool m_owesBreak = false;
+  int m_hidden = 0;  ///< Open elements that are not to be seen.
+  int m_quotes = 0;
   int m_tables = 0;
+  QList<StrayText> m_strays;  ///< For each open table.
   qsizetype m_elements = 0;
   qsizetype m_maxElements = kMaxElements;
   int m_listItems = 0;

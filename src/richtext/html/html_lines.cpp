@@ -6,6 +6,10 @@
 namespace snipdeck {
 namespace {
 
+// Paragraphs take their time to be made, and long ones to be laid out.
+constexpr int kMaxPlainParagraphs = 50'000;
+constexpr int kLinesInParagraph = 50;
+
 bool IsBlank(QChar character) {
   return QStringView(u" \t\r\n\f").contains(character);
 }
@@ -89,7 +93,9 @@ void HtmlLines::Break() {
 void HtmlLines::EndPlainLine() {
   if (m_isOff || m_lineIsEmpty) return;
   DropBlank();
-  WriteKept(QStringLiteral("\n"));
+  ++m_plainLines;
+  const bool isParagraph = m_plainLines < kMaxPlainParagraphs || m_plainLines % kLinesInParagraph == 0;
+  WriteKept(isParagraph ? QChar(u'\n') : QChar(QChar::LineSeparator));
   m_lineIsEmpty = true;
 }
 

@@ -15,7 +15,10 @@ class HtmlLines {
  public:
   /// While `isOff`, nothing is written and nothing is known of lines.
   void SwitchOff(bool isOff) { m_isOff = isOff; }
+  bool IsOff() const { return m_isOff; }
   void Write(const QString& html);
+  /// Puts HTML in front of what was written from `place` on.
+  void Insert(qsizetype place, const QString& html) { m_html.insert(place, html); }
   /// Writes characters. Of the blanks among them, those that show nothing are left out; the others are written as they
   /// are to be seen, so that whoever reads the HTML must keep all of them. Only what ASCII calls a blank may show
   /// nothing.
@@ -30,7 +33,7 @@ class HtmlLines {
   /// A block is about to begin at `depth`.
   void StartBlock(qsizetype depth);
   /// The start tag of a block has been written.
-  void NoteBlockTag() { m_blockTagEnd = m_html.size() - 1; }
+  void NoteBlockTag() { m_blockTagEnd = m_isOff ? 0 : m_html.size() - 1; }
   /// A line break at the end of a paragraph shows nothing; alone in one, it says that the paragraph is empty.
   void EndBlock();
   /// Nothing more follows inside the elements that are open at `depth`.
@@ -58,6 +61,7 @@ class HtmlLines {
   bool m_hasContent = false;  ///< Since the last start or end of a block.
   bool m_lineIsEmpty = true;  ///< Since a block or a break.
   bool m_breakHadContent = false;
+  int m_plainLines = 0;        ///< How many ends were written without an element.
   qsizetype m_lastBreak = -1;  ///< Where a line break stands that nothing follows yet.
   qsizetype m_blankAt = -1;    ///< Where a blank stands that nothing follows yet.
   qsizetype m_newlineAt = -1;  ///< Likewise, a line end that counts.
