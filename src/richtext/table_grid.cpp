@@ -43,6 +43,7 @@ TableGrid::TableGrid(const TableFlow& table, std::size_t begin, std::size_t end)
     for (std::size_t i = begin; i < end; ++i) {
       m_columns = std::max(m_columns, static_cast<int>(table.rows[i].cells.size()));
     }
+    TakeEdgesOfFullRow(table, begin, end);
   }
   m_columns = std::max(m_columns, 1);
   m_lastInColumn.assign(static_cast<std::size_t>(m_columns), -1);
@@ -61,6 +62,19 @@ void TableGrid::FindEdges(const TableFlow& table, std::size_t begin, std::size_t
   std::sort(m_edges.begin(), m_edges.end());
   const auto near = [](int a, int b) { return b - a <= kSameEdge; };
   m_edges.erase(std::unique(m_edges.begin(), m_edges.end(), near), m_edges.end());
+}
+
+// Where the edges of some rows make no sense, a row that has a cell in every column gives the widths.
+void TableGrid::TakeEdgesOfFullRow(const TableFlow& table, std::size_t begin, std::size_t end) {
+  m_edges.clear();
+  for (std::size_t i = begin; i < end && m_edges.empty(); ++i) {
+    const RowLayout& layout = *table.rows[i].layout;
+    if (static_cast<int>(layout.cells.size()) != m_columns) continue;
+    m_edges.push_back(layout.left);
+    for (const CellLayout& cell : layout.cells) m_edges.push_back(cell.right);
+    const auto tooNear = [](int a, int b) { return b - a <= kSameEdge; };
+    if (std::adjacent_find(m_edges.begin(), m_edges.end(), tooNear) != m_edges.end()) m_edges.clear();
+  }
 }
 
 int TableGrid::ColumnOf(int position) const {
@@ -127,7 +141,7 @@ QTextTableFormat TableGrid::Format() const {
   format.setCellPadding(Pixels(m_firstRow->gap));
   format.setAlignment(m_firstRow->alignment);
   format.setHeaderRowCount(m_headerRows);
-  if (!m_byPosition) return format;
+  if (static_cast<int>(m_edges.size()) != m_columns + 1) return format;
   // The text of the first cell, not its edge, stands at the margin.
   format.setLeftMargin(Pixels(m_firstRow->left + m_firstRow->gap));
   QList<QTextLength> widths;

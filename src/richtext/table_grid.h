@@ -38,6 +38,7 @@ class TableGrid {
 
  private:
   void FindEdges(const TableFlow& table, std::size_t begin, std::size_t end);
+  void TakeEdgesOfFullRow(const TableFlow& table, std::size_t begin, std::size_t end);
   bool EdgesGiveEveryCellAColumn(const TableFlow& table, std::size_t begin, std::size_t end) const;
   int ColumnOf(int position) const;
   void AddRow(const RowFlow& row, int index);

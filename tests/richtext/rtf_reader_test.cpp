@@ -9,6 +9,7 @@
 #include <QElapsedTimer>
 #include <QTest>
 #include <QTextDocument>
+#include <QTextTable>
 
 #include "richtext/document_compare.h"
 #include "richtext/format_properties.h"
@@ -59,6 +60,7 @@ class RtfReaderTest : public QObject {
   void CutAnywhere();
   void CutProseShowsItsBeginning();
   void HeadersBelongToDocuments();
+  void OneRowGivesTheWidths();
   void LongTablesStayWhole();
   void Tokens();
   void TimeGrowsLinearly_data();
@@ -127,6 +129,20 @@ void RtfReaderTest::HeadersBelongToDocuments() {
   QCOMPARE(whole.toPlainText(), box.toPlainText());
   QCOMPARE(box.rootFrame()->frameFormat().intProperty(kPageMarginLeft), 900);
   QCOMPARE(box.rootFrame()->frameFormat().intProperty(kPageWidth), 11906);
+}
+
+// A row whose edges make no sense takes the widths from none of the others.
+void RtfReaderTest::OneRowGivesTheWidths() {
+  SafeDocument document;
+  ReadRtf(
+      "{\\rtf1\\trowd\\cellx1500\\cellx1500\\pard\\intbl a\\cell b\\cell\\row"
+      "\\trowd\\cellx1500\\cellx4500\\intbl c\\cell d\\cell\\row\\pard\\par}",
+      document, ReadFor::Box);
+  const auto* const table = qobject_cast<QTextTable*>(document.rootFrame()->childFrames().value(0));
+  QVERIFY(table);
+  QList<double> widths;
+  for (const QTextLength& width : table->format().columnWidthConstraints()) widths.append(width.rawValue());
+  QCOMPARE(widths, QList<double>({100, 200}));
 }
 
 void RtfReaderTest::Tokens() {
