@@ -79,7 +79,8 @@ void FillSample(QTextDocument& document, const PageGeometry& page = {}) {
 /// The rectangle of all that is drawn on the first page of the text as PDF, in points.
 QRectF InkOnPaper(const QByteArray& rtf) {
   constexpr double kDotsPerPoint = 4;
-  const Result<RichText> text = ReadDocumentBytes("{\\rtf1{\\fonttbl{\\f0 Liberation Sans;}}\\fs24 " + rtf + "}", FileFormat::Rtf);
+  const QByteArray whole = "{\\rtf1{\\fonttbl{\\f0 Liberation Sans;}}\\fs24 " + rtf + "}";
+  const Result<RichText> text = ReadDocumentBytes(whole, FileFormat::Rtf);
   QByteArray bytes = WriteDocumentBytes(text.Value().Document(), FileFormat::Pdf).Value();
   QBuffer buffer(&bytes);
   buffer.open(QIODevice::ReadOnly);
@@ -181,6 +182,7 @@ void DocumentFileTest::PdfPlacesTextAsItsMeasuresSay() {
   QVERIFY(isNear(InkOnPaper("H").left(), kInch));
   QVERIFY(isNear(InkOnPaper("\\li1440 H").left(), 2 * kInch));
   QVERIFY(isNear(InkOnPaper("\\li1440\\fi-720 H").left(), 1.5 * kInch));
+  QVERIFY(isNear(InkOnPaper("\\tab H").left(), 1.5 * kInch));
   QVERIFY(isNear(InkOnPaper("\\ri1440\\qr H").right(), 595 - 2 * kInch));
   QVERIFY(isNear(InkOnPaper("\\trowd\\trgaph0\\cellx5000\\intbl\\li1440 H\\cell\\row").left(), 2 * kInch));
   const double capitals = InkOnPaper("HHHHHHHHHH").width();

@@ -19,6 +19,7 @@ namespace snipdeck {
 namespace {
 
 constexpr int kDotsPerInch = 1200;
+constexpr double kTabDistance = 48;  // pixels: half an inch, where a paragraph names no tab stops
 
 double Dots(int twips) {
   return twips * static_cast<double>(kDotsPerInch) / kTwipsPerInch;
@@ -33,6 +34,9 @@ class Paged {
     m_document.setIndentWidth(source.indentWidth());
     m_document.setUseDesignMetrics(true);
     m_document.setDocumentMargin(0);
+    QTextOption option = m_document.defaultTextOption();
+    option.setTabStopDistance(kTabDistance);
+    m_document.setDefaultTextOption(option);
     QTextCursor cursor(&m_document);
     CopyText(source, 0, EndOf(source), cursor);
     PrepareForPaper(m_document, kDotsPerInch);
