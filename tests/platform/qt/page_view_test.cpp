@@ -65,6 +65,24 @@ QList<PrintedWord> WordsIn(const QString& sheet) {
   return words;
 }
 
+// What `reader` (pdftotext) tells of each page of the text printed into a file.
+QStringList PrintedSheets(RichTextControl& control, const QString& reader) {
+  const QTemporaryDir folder;
+  auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
+  printer->setOutputFileName(folder.filePath("out.pdf"));
+  PrinterJob::SetSheets(*printer, control.Page());
+  PrinterJob job(std::move(printer));
+  control.SetPrintDevice(&job);
+  const int pages = control.PageCount();
+  for (int page = 1; page <= pages && job.StartPage(); ++page) control.PrintPage(page);
+  const Outcome printed = job.Finish();
+  control.SetPrintDevice(nullptr);
+  QProcess reading;
+  reading.start(reader, {"-bbox", folder.filePath("out.pdf"), "-"});
+  if (!printed || !reading.waitForFinished(20000)) return {};
+  return QString::fromUtf8(reading.readAllStandardOutput()).split("<page ").mid(1);
+}
+
 // A printer whose sheets are pictures of 96 dots an inch.
 class PicturePrinter : public PrintJob {
  public:
@@ -293,23 +311,8 @@ class PageViewTest : public QObject {
     Fixture f(Words(60, 8));
     f.control.SetPage({8391, 11906, 1000, 1200, 800, 1440});
     f.control.SetViewMode(2);
-    const QTemporaryDir folder;
-    auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
-    printer->setOutputFileName(folder.filePath("out.pdf"));
-    PrinterJob::SetSheets(*printer, f.control.Page());
-    PrinterJob job(std::move(printer));
-    f.control.SetPrintDevice(&job);
+    const QStringList sheets = PrintedSheets(f.control, reader);
     const int pages = f.control.PageCount();
-    for (int page = 1; page <= pages; ++page) {
-      QVERIFY(job.StartPage());
-      f.control.PrintPage(page);
-    }
-    QVERIFY(job.Finish());
-    QProcess reading;
-    reading.start(reader, {"-bbox", folder.filePath("out.pdf"), "-"});
-    QVERIFY(reading.waitForFinished(20000));
-    const QString listed = QString::fromUtf8(reading.readAllStandardOutput());
-    const QStringList sheets = listed.split("<page ").mid(1);
     QCOMPARE(sheets.size(), pages);
     const QString text = f.control.Text();
     int position = 0;
@@ -325,6 +328,21 @@ class PageViewTest : public QObject {
       }
     }
     QVERIFY(text.mid(position).trimmed().isEmpty());
+  }
+
+  void PaperHasIndentsOfTheirSize() {
+    const QString reader = QStandardPaths::findExecutable("pdftotext");
+    if (reader.isEmpty()) QSKIP("pdftotext is not installed");
+    Fixture f({});
+    f.control.SetSelRtf("{\\rtf1\\li1440 left\\par\\li1440\\fi-720 hanging\\par}");
+    for (const int mode : {2, 0}) {
+      f.control.SetViewMode(mode);
+      const QList<PrintedWord> words = WordsIn(PrintedSheets(f.control, reader).value(0));
+      QCOMPARE(words.size(), 2);
+      constexpr double kInch = 72;
+      QVERIFY(std::abs(words[0].corner.x() - 2 * kInch) < 1);
+      QVERIFY(std::abs(words[1].corner.x() - 1.5 * kInch) < 1);
+    }
   }
 
   void TheMouseMeansWhatItPointsAt() {
