@@ -7,8 +7,8 @@
 #include "richtext/html/html_attributes.h"
 #include "richtext/html/html_elements.h"
 #include "richtext/html/html_entities.h"
-#include "richtext/html/html_lines.h"
 #include "richtext/html/html_open_elements.h"
+#include "richtext/html/html_output.h"
 #include "richtext/html/html_pictures.h"
 #include "richtext/html/html_style_sheet.h"
 #include "richtext/html/html_table_sizes.h"
@@ -46,15 +46,14 @@ class Cleaner {
     const QStringView html(payload.html);
     m_maxElements = std::max(kMaxElements, html.size() / kCharactersPerElement);
     m_outside = true;
-    SwitchOff(true);
+    m_output.SwitchOff(true);
     Feed(html.first(payload.begin));
     m_outside = false;
-    SwitchOff(false);
     WriteSurroundings();
     Feed(html.mid(payload.begin, payload.end - payload.begin));
-    m_lines.EndText();
+    m_output.Here().EndText();
     CloseDownTo(0);
-    m_clean.html = QLatin1String(kKeepBlanks) + m_lines.Take();
+    m_clean.html = QLatin1String(kKeepBlanks) + m_output.Take();
     Tell(m_depthCut, "elements nested too deep shown as lines");
     Tell(m_elementsCut, "elements beyond the limit shown as lines");
     Tell(m_picturesDropped, "pictures outside the page left out");
@@ -62,25 +61,13 @@ class Cleaner {
   }
 
  private:
-  void SwitchOff(bool isOff) {
-    m_lines.SwitchOff(isOff);
-    for (StrayText& stray : m_strays) stray.lines.SwitchOff(isOff);
-  }
-
   /// The elements around the copied part.
   void WriteSurroundings() {
     m_hidden = 0;
-    qsizetype table = 0;
-    for (OpenElement& element : m_open) {
-      element.isHidden = false;
-      if (element.name == QLatin1String("table")) m_strays[table++].begin = m_lines.Size();
-      if (!element.isStray) m_lines.Write(element.startTag);
-    }
+    for (OpenElement& element : m_open) element.isHidden = false;
+    m_output.SwitchOff(false);
+    m_output.WriteOpenElements();
   }
-
-  /// Where what stands here is written. Text in a table and in none of its cells is to be seen in front of the table.
-  HtmlLines& Lines() { return IsBetweenCells(m_open) ? m_strays.last().lines : m_lines; }
-  HtmlLines& LinesFor(const QString& name) { return IsPartOfTable(name) ? m_lines : Lines(); }
 
   void Feed(QStringView html) {
     HtmlTokenizer tokenizer(html);
@@ -120,23 +107,17 @@ class Cleaner {
     m_skipsLineEnd = false;
     if (!IsBlank(characters)) {
       SupplyBody();
-      WriteLastBreak();
+      m_output.More();
     } else if (IsBetweenCells(m_open)) {
       return;
     }
-    Lines().Text(characters, Style().blanks);
+    m_output.Here().Text(characters, Style().blanks);
   }
 
   /// Browsers put a break of this class behind all that was copied; there, it is none.
   void Break(const QString& className) {
-    WriteLastBreak();
-    m_owesBreak = className == QLatin1String("Apple-interchange-newline");
-    if (!m_owesBreak) Lines().Break();
-  }
-
-  void WriteLastBreak() {
-    if (m_owesBreak) Lines().Break();
-    m_owesBreak = false;
+    if (className == QLatin1String("Apple-interchange-newline")) return m_output.BreakBeforeMore();
+    m_output.Break();
   }
 
   void StartTag(const HtmlToken& token, HtmlTokenizer& tokenizer) {
@@ -153,7 +134,7 @@ class Cleaner {
     }
     if (element.treatment == HtmlElement::Treatment::Keep) m_inHead = false;
     if (token.name == QLatin1String("br")) return Break(ValueOf(token, "class"));
-    WriteLastBreak();
+    m_output.More();
     if (token.name == QLatin1String("hr")) return Rule();
     if (token.name == QLatin1String("img")) return Picture(token);
     if (element.treatment == HtmlElement::Treatment::Keep) Open(token, element);
@@ -161,15 +142,7 @@ class Cleaner {
 
   void Rule() {
     CloseDownTo(StayOpenBefore(QStringLiteral("div"), m_open));
-    StartBlockIn(Lines());
-    Lines().Write(QStringLiteral("<hr>"));
-    Lines().NoteEndTag(m_open.size(), true);
-  }
-
-  void StartBlockIn(HtmlLines& lines) {
-    lines.EndContents(m_open.size());
-    lines.EndLine();
-    lines.StartBlock(m_open.size());
+    m_output.Rule();
   }
 
   void Picture(const HtmlToken& token) {
@@ -177,14 +150,10 @@ class Cleaner {
     TextStyle style = Style();
     KeptAttributes(token, RulesFor(token), m_base, style);
     if (style.display == TextStyle::Display::None) return;
-    if (style.display != TextStyle::Display::Block) return WritePicture(token);
-    StartBlockIn(Lines());
-    Lines().Write(QStringLiteral("<div>"));
-    Lines().NoteBlockTag();
+    const bool isBlock = style.display == TextStyle::Display::Block;
+    if (isBlock) m_output.StartLoneBlock();
     WritePicture(token);
-    Lines().EndBlock();
-    Lines().Write(QStringLiteral("</div>"));
-    Lines().NoteEndTag(m_open.size(), true);
+    if (isBlock) m_output.EndLoneBlock();
   }
 
   void WritePicture(const HtmlToken& token) {
@@ -192,11 +161,11 @@ class Cleaner {
     if (name.isEmpty()) {
       ++m_picturesDropped;
       const QString alternative = ValueOf(token, "alt");
-      if (!IsAddress(alternative)) Lines().Text(alternative, TextStyle::Blanks::Collapse);
+      if (!IsAddress(alternative)) m_output.Here().Text(alternative, TextStyle::Blanks::Collapse);
       return;
     }
-    Lines().Content();
-    Lines().Write(QLatin1String("<img src=") + Quoted(name) + PictureSize(token) + u'>');
+    m_output.Here().Content();
+    m_output.Here().Write(QLatin1String("<img src=") + Quoted(name) + PictureSize(token) + u'>');
   }
 
   void Open(const HtmlToken& token, const HtmlElement& element) {
@@ -207,20 +176,14 @@ class Cleaner {
     SupplyTable(name);
     if (IsBeyondLimits(name)) return WritePlain(name, element);
     OpenElement open = Prepared(token, element);
-    if (open.isHidden && m_hidden++ == 0) SwitchOff(true);
-    if (IsPartOfTable(name) && IsBetweenCells(m_open)) Lines().EndPlainLine();
-    HtmlLines& lines = LinesFor(name);
-    if (IsPartOfTable(name) && name != QLatin1String("table")) {
-      lines.EndContents(m_open.size());
-      lines.StartBlock(m_open.size());
-    } else if (open.isBlock) {
-      StartBlockIn(lines);
-    }
+    if (open.isHidden && m_hidden++ == 0) m_output.SwitchOff(true);
+    if (IsPartOfTable(name) && IsBetweenCells(m_open)) m_output.Here().EndPlainLine();
+    if (open.isBlock) m_output.StartBlock(name);
     if (name == QLatin1String("li")) StartItem(ValueOf(token, "value"));
     if (name == QLatin1String("tr")) StartRow();
     Push(token, open);
     if (name == QLatin1String("q"))
-      Lines().Text(m_quotes++ % 2 ? QStringLiteral("\u2018") : QStringLiteral("\u201C"), open.style.blanks);
+      m_output.Here().Text(m_quotes++ % 2 ? QStringLiteral("\u2018") : QStringLiteral("\u201C"), open.style.blanks);
   }
 
   bool IsBeyondLimits(const QString& name) {
@@ -237,8 +200,8 @@ class Cleaner {
 
   /// What is beyond the limits is lines and, for the cells of tables, words that are parted by tabs.
   void WritePlain(const QString& name, const HtmlElement& element) {
-    if (IsCell(name)) return Lines().PartPlainCells();
-    if (element.isBlock) Lines().EndPlainLine();
+    if (IsCell(name)) return m_output.Here().PartPlainCells();
+    if (element.isBlock) m_output.Here().EndPlainLine();
   }
 
   /// A list goes on as another one where an item says its number, and where it becomes too long.
@@ -254,7 +217,7 @@ class Cleaner {
     if (isSaid || list.items >= limit) {
       list.startTag = WithListStart(list.startTag, list.next);
       list.items = 0;
-      Lines().Write(list.endTag + list.startTag);
+      m_output.Here().Write(list.endTag + list.startTag);
     }
     ++list.items;
     ++list.next;
@@ -265,7 +228,7 @@ class Cleaner {
       qsizetype table = m_open.size() - 1;
       while (table > 0 && m_open[table].name != QLatin1String("table")) --table;
       CloseDownTo(table + 1);
-      m_lines.Write(m_open[table].endTag + m_open[table].startTag);
+      m_output.For(QStringLiteral("table")).Write(m_open[table].endTag + m_open[table].startTag);
       m_sizes.StartFurtherTable();
     }
     m_sizes.StartRow();
@@ -324,13 +287,12 @@ class Cleaner {
   }
 
   void Push(const HtmlToken& token, const OpenElement& open) {
-    HtmlLines& lines = LinesFor(token.name);
+    HtmlLines& lines = m_output.For(token.name);
     if (token.name == QLatin1String("table")) {
       ++m_tables;
       m_sizes.StartTable();
       m_variety.StartTable();
-      m_strays.append({HtmlLines(), m_lines.Size()});
-      m_strays.last().lines.SwitchOff(m_lines.IsOff());
+      m_output.StartTable();
     }
     m_skipsLineEnd = open.startTag.startsWith(QLatin1String("<pre"));
     lines.Write(open.startTag);
@@ -353,7 +315,7 @@ class Cleaner {
     if (name == QLatin1String("head")) m_inHead = false;
     if (name == QLatin1String("br")) return Break({});
     CloseDownTo(StayOpenBehind(name, m_open));
-    if (m_elementsCut + m_depthCut > 0 && ElementNamed(name).isBlock && !IsCell(name)) Lines().EndPlainLine();
+    if (m_elementsCut + m_depthCut > 0 && ElementNamed(name).isBlock && !IsCell(name)) m_output.Here().EndPlainLine();
   }
 
   void CloseDownTo(qsizetype count) {
@@ -361,8 +323,7 @@ class Cleaner {
   }
 
   void Close() {
-    const bool isStray = m_open.last().isStray;
-    HtmlLines& lines = isStray ? m_strays.last().lines : m_lines;
+    HtmlLines& lines = m_output.Of(m_open.last());
     if (m_open.last().name == QLatin1String("q"))
       lines.Text(--m_quotes % 2 ? QStringLiteral("\u2019") : QStringLiteral("\u201D"), Style().blanks);
     lines.EndContents(m_open.size());
@@ -372,39 +333,28 @@ class Cleaner {
     lines.Write(element.endTag);
     if (element.name == QLatin1String("table")) EndTable();
     lines.NoteEndTag(m_open.size(), element.isBlock);
-    if (element.isHidden && --m_hidden == 0) SwitchOff(m_outside);
+    if (element.isHidden && --m_hidden == 0) m_output.SwitchOff(m_outside);
   }
 
   void EndTable() {
     --m_tables;
     m_sizes.EndTable();
-    StrayText stray = m_strays.takeLast();
-    stray.lines.EndContents(0);
-    stray.lines.EndBlock();
-    const QString html = stray.lines.Take();
-    if (!html.isEmpty()) m_lines.Insert(stray.begin, QLatin1String("<div>") + html + QLatin1String("</div>"));
+    m_output.EndTable();
   }
 
-  struct StrayText {
-    HtmlLines lines;
-    qsizetype begin = 0;  ///< Of its table.
-  };
-
   CleanHtml m_clean;
-  HtmlLines m_lines;  ///< Off in front of the copied part, where elements are noted.
   HtmlStyleSheet m_sheet;
   TextStyle m_style;  ///< Outside of all elements.
   QUrl m_base;        ///< Of links.
-  QList<OpenElement> m_open;
+  OpenElements m_open;
+  HtmlOutput m_output{m_open};
   QList<SelectorSubject> m_path;  ///< The same elements, as style sheets see them.
   bool m_outside = false;         ///< In front of the copied part, where elements are only noted.
   bool m_inHead = false;
   bool m_skipsLineEnd = false;  ///< Directly behind the tag of preformatted text.
-  bool m_owesBreak = false;
-  int m_hidden = 0;  ///< Open elements that are not to be seen.
+  int m_hidden = 0;             ///< Open elements that are not to be seen.
   int m_quotes = 0;
   int m_tables = 0;
-  QList<StrayText> m_strays;  ///< For each open table.
   qsizetype m_elements = 0;
   qsizetype m_maxElements = kMaxElements;
   int m_listItems = 0;
