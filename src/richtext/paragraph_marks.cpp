@@ -10,6 +10,7 @@
 #include <QTextLayout>
 #include <QTextTable>
 
+#include "platform/units.h"
 #include "richtext/format_properties.h"
 #include "richtext/list_labels.h"
 #include "richtext/paragraph_borders.h"
@@ -46,6 +47,11 @@ bool SharesBorder(const QTextBlock& block, const QTextBlock& beside) {
   const QTextBlockFormat other = beside.blockFormat();
   return beside.isValid() && one.stringProperty(kParagraphBorder) == other.stringProperty(kParagraphBorder) &&
          one.leftMargin() == other.leftMargin() && one.rightMargin() == other.rightMargin();
+}
+
+/// Pixels to the next paragraph: the spaces of two paragraphs are not added up.
+double SpaceBelow(const QTextBlock& block) {
+  return std::max(block.next().blockFormat().topMargin(), block.blockFormat().bottomMargin());
 }
 
 class BorderPainter {
@@ -134,8 +140,7 @@ void PaintBorders(QPainter& painter, const QTextBlock& block, const QPointF& ori
   const bool goesOn = SharesBorder(block, block.next());
   const bool wentOn = SharesBorder(block, block.previous());
   const QRectF tall = text.adjusted(0, wentOn ? 0 : -lines[kBorderTop].space * dots, 0,
-                                    goesOn ? block.next().blockFormat().topMargin() + block.blockFormat().bottomMargin()
-                                           : lines[kBorderBottom].space * dots);
+                                    goesOn ? SpaceBelow(block) * kTwipsPerPixel * dots : lines[kBorderBottom].space * dots);
   painter.save();
   const BorderPainter border(painter, dots, palette.color(QPalette::Text));
   if (!wentOn) border.Paint(lines[kBorderTop], {outer.topLeft(), outer.topRight()}, {0, -1});
@@ -148,7 +153,6 @@ void PaintBorders(QPainter& painter, const QTextBlock& block, const QPointF& ori
 void PaintMarks(QPainter& painter, const QTextBlock& block, const QPointF& origin, const QPalette& palette) {
   if (IsLabelTakenFromQt(block)) PaintLabel(painter, block, origin, ListLabel(block), palette);
   PaintBorders(painter, block, origin, palette);
-  constexpr double kTwipsPerPixel = 15;
   if (HasLeaders(block)) PaintLeaders(painter, block, origin, DotsPerTwip(*block.document()) * kTwipsPerPixel, palette);
 }
 
