@@ -119,6 +119,8 @@ void HtmlTest::Text_data() {
   QTest::newRow("text between cells")
       << QByteArray("a<table>stray<tr>stray2<td>b<table><b>c</b><td>d</table><td>e</tr></table>")
       << "a\nstray\nstray2\nb\nc\nd\n\te\n";
+  QTest::newRow("rows without a table") << QByteArray("<tbody>a<tr><td>b</table><tfoot>c<div>d<div>e<caption>f")
+                                        << "a\nb\nc\nd\ne\nf";
   QTest::newRow("a form around cells") << QByteArray("<table><form><tr><td>a<td>b</form></table>") << "a\tb\n";
   QTest::newRow("what is hidden") << QByteArray(
                                          "<style>.h{display:none}</style><p>a<i class=h>x</i><i hidden>x<b>x</b></i>"

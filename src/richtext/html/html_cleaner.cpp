@@ -253,7 +253,7 @@ class Cleaner {
   void SupplyTable(const QString& name) {
     const bool isCell = IsCell(name);
     if (m_sizes.IsFull()) return;
-    if (!isCell && name != QLatin1String("tr")) return;
+    if (!IsPartOfTable(name) || name == QLatin1String("table") || name == QLatin1String("caption")) return;
     if (m_tables == 0) Supply(QStringLiteral("table"));
     if (isCell && !IsInRow(m_open)) Supply(QStringLiteral("tr"));
   }

@@ -1,5 +1,7 @@
 #include "richtext/html/html_open_elements.h"
 
+#include <algorithm>
+
 #include <QSet>
 
 #include "richtext/html/html_elements.h"
@@ -40,8 +42,8 @@ qsizetype StayOpenBefore(const QString& name, const OpenElements& open) {
   // Parts of a table end the ones before them, whatever those left open; other elements end what they touch.
   const bool isOfTable = EndsByItself(QStringLiteral("td"), name);
   qsizetype keep = open.size();
-  for (qsizetype i = open.size() - 1; i >= 0 && open[i].name != QLatin1String("table"); --i) {
-    if (open[i].isStray && IsPartOfTable(name)) keep = i;
+  while (IsPartOfTable(name) && keep > 0 && open[keep - 1].isStray) --keep;
+  for (qsizetype i = keep - 1; i >= 0 && open[i].name != QLatin1String("table"); --i) {
     if (!open[i].isBlock) continue;
     if (EndsByItself(open[i].name, name)) {
       keep = i;
@@ -51,7 +53,7 @@ qsizetype StayOpenBefore(const QString& name, const OpenElements& open) {
   }
   if (name != QLatin1String("table") || !IsBetweenCells(open)) return keep;
   while (keep > 0 && open[keep - 1].name != QLatin1String("table")) --keep;
-  return keep - 1;
+  return std::max<qsizetype>(keep - 1, 0);
 }
 
 qsizetype StayOpenBehind(const QString& name, const OpenElements& open) {

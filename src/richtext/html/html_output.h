@@ -20,11 +20,13 @@ class HtmlOutput {
   /// Writes the start tags of the open elements, all of which were opened while nothing was written.
   void WriteOpenElements();
   /// Where what stands here is written.
-  HtmlLines& Here() { return IsBetweenCells(m_open) ? m_strays.last().lines : m_page; }
+  HtmlLines& Here() { return IsBetweenCells(m_open) && !m_strays.isEmpty() ? m_strays.last().lines : m_page; }
   /// Where an element of this name is written that begins here.
   HtmlLines& For(const QString& name) { return IsPartOfTable(name) ? m_page : Here(); }
   /// Where an open element was written.
-  HtmlLines& Of(const OpenElement& element) { return element.isStray ? m_strays.last().lines : m_page; }
+  HtmlLines& Of(const OpenElement& element) {
+    return element.isStray && !m_strays.isEmpty() ? m_strays.last().lines : m_page;
+  }
   void StartBlock(const QString& name);
   /// A block that is empty but for what is written until its end.
   void StartLoneBlock();
