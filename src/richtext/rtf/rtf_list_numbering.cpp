@@ -1,5 +1,9 @@
 #include "richtext/rtf/rtf_list_numbering.h"
 
+#include <algorithm>
+
+#include <QRegularExpression>
+
 #include "richtext/format_properties.h"
 #include "richtext/list_labels.h"
 #include "richtext/rtf/rtf_symbols.h"
@@ -53,6 +57,18 @@ bool ListCounts(int format) {
   return format >= 0 && format <= 4;
 }
 
+// What was copied may begin in the middle of its list, as its label then says.
+int FirstNumber(const RtfListLevel& layout, int level, const QString& shown) {
+  constexpr int kDecimal = 0;
+  const auto isPlaceholder = [](QChar c) { return c.unicode() < kListLevels; };
+  const QString text = layout.text.mid(1);
+  const auto last = std::find_if(text.rbegin(), text.rend(), isPlaceholder);
+  if (layout.format != kDecimal || last == text.rend() || last->unicode() != level) return layout.start;
+  static const QRegularExpression kLastNumber(QStringLiteral("(\\d{1,6})\\D*$"));
+  const QRegularExpressionMatch number = kLastNumber.match(shown);
+  return number.hasMatch() ? number.captured(1).toInt() : layout.start;
+}
+
 }  // namespace
 
 QString FormatListNumber(int number, int format) {
@@ -76,7 +92,7 @@ RtfListItem RtfListNumbering::FromTable(const ParagraphState& paragraph, const R
   const RtfListLevel& layout = list.levels[at];
   if (layout.format == kNumberNone && shown.trimmed().isEmpty()) return {};
   Run& run = counters.runs[at];
-  if (!counters.started[at]) run = {-1, 0, layout.start};
+  if (!counters.started[at]) run = {-1, 0, FirstNumber(layout, level, shown)};
   counters.started[at] = true;
   for (std::size_t deeper = at + 1; deeper < kListLevels; ++deeper) counters.started[deeper] = false;
   const Label label = LabelOf(list, level, counters);
