@@ -144,11 +144,11 @@ class RichTextAppearanceTest : public QObject {
     RichTextControl control;
     control.SetSelRtf("{\\rtf1{\\*\\listtable{\\list{\\listlevel\\levelnfc0\\levelstartat1{\\leveltext\\'02\\'00.;}"
                       "{\\levelnumbers\\'01;}}\\listid1}}{\\*\\listoverridetable{\\listoverride\\listid1\\ls1}}"
-                      "\\pard{\\listtext 9.\\tab}\\ls1\\li720 x}");
+                      "\\pard{\\listtext A-9)\\tab}\\ls1\\li720 x}");
     control.moveCursor(QTextCursor::End);
     QTest::keyClick(&control, Qt::Key_Return);
-    QCOMPARE(ListLabel(control.document()->firstBlock()), "9.");
-    QCOMPARE(ListLabel(control.document()->lastBlock()), "2.");
+    QCOMPARE(ListLabel(control.document()->firstBlock()), "A-9)");
+    QCOMPARE(ListLabel(control.document()->lastBlock()), "10.");
     control.undo();
     QCOMPARE(control.document()->blockCount(), 1);
   }
