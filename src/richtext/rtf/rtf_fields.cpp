@@ -97,7 +97,7 @@ QString EquationText(const QString& instruction) {
 
 RtfField& RtfFields::Innermost() {
   if (!m_fields.empty()) return m_fields.back();
-  m_stray = {};
+  m_stray.instruction.clear();  // and no more, since collectors may still refer to its entries
   return m_stray;
 }
 
