@@ -237,7 +237,7 @@ void HtmlTest::NothingIsLoaded() {
   const QByteArray url = "file://" + path.toUtf8();
   const RichText text =
       RichText::FromHtml("<link rel=stylesheet href='" + url + "'><style>@import url(" + url + ");</style><img src='" +
-                         url + "'><a href='javascript:alert(1)'>a</a><a href='java&#115;cript:x'>b</a>");
+                         url + "'><a href='javascript:alert(1)'>a</a><a href='java&#115;cript:x'>b</a><base href='javascript:y//'><a href='z'>c</a>");
   const QString description = test::Describe(text.Document()).join(u'\n');
   QVERIFY2(!description.contains("picture") && !description.contains("link="), qPrintable(description));
 }

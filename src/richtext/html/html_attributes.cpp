@@ -127,9 +127,8 @@ QString KeptAttribute(const QString& element, const HtmlAttribute& attribute, co
                                       "cellspacing", "width",  "height",  "type", "name"};
   if (attribute.value.isEmpty() || attribute.value.size() > 2000 || element == QLatin1String("font")) return {};
   if (attribute.name == QLatin1String("href")) {
-    return element == QLatin1String("a") && IsHarmlessLink(attribute.value)
-               ? QLatin1String(" href=") + Quoted(Resolved(attribute.value, base))
-               : QString();
+    const QString target = Resolved(attribute.value, base);
+    return element == QLatin1String("a") && IsHarmlessLink(target) ? QLatin1String(" href=") + Quoted(target) : QString();
   }
   if (!kKept.contains(attribute.name) || !IsSensibleNumber(attribute)) return {};
   return u' ' + attribute.name + u'=' + Quoted(attribute.value);
