@@ -9,11 +9,7 @@ namespace {
 
 constexpr std::size_t kFewFormats = 200;
 
-// Without a seed, so that equal formats of two texts are equal in every run of the program.
-std::size_t Mixed(std::size_t hash, std::size_t value) {
-  return (hash ^ value) * 0x100000001B3ull;
-}
-
+// The hashes have no seed, so that equal formats of two texts are equal in every run of the program.
 void SetSpread(QTextFormat& format, std::size_t hash) {
   format.setProperty(kSpread, static_cast<int>((hash ^ (hash >> 32)) & 0x7FFFFFFF));
 }
@@ -21,16 +17,14 @@ void SetSpread(QTextFormat& format, std::size_t hash) {
 void SpreadCharacters(QTextCharFormat& format) {
   const QStringList families = format.fontFamilies().toStringList();
   if (families.isEmpty()) return;
-  std::size_t hash = 0;
-  for (const QString& family : families) hash = Mixed(hash, qHash(family, 0));
-  SetSpread(format, hash);
+  SetSpread(format, qHashRange(families.cbegin(), families.cend()));
 }
 
 void SpreadParagraph(QTextBlockFormat& format) {
   const QList<QTextOption::Tab> tabs = format.tabPositions();
   if (tabs.isEmpty()) return;
   std::size_t hash = 0;
-  for (const QTextOption::Tab& tab : tabs) hash = Mixed(Mixed(hash, qHash(tab.position, 0)), tab.type);
+  for (const QTextOption::Tab& tab : tabs) hash = qHashMulti(hash, tab.position, static_cast<int>(tab.type));
   SetSpread(format, hash);
 }
 
@@ -44,7 +38,7 @@ void SpreadFormats(FlowFormats& formats) {
 void SpreadTableFormat(QTextTableFormat& format) {
   std::size_t hash = 0;
   const QList<QTextLength> widths = format.columnWidthConstraints();
-  for (const QTextLength& width : widths) hash = Mixed(Mixed(hash, width.type()), qHash(width.rawValue(), 0));
+  for (const QTextLength& width : widths) hash = qHashMulti(hash, static_cast<int>(width.type()), width.rawValue());
   SetSpread(format, hash);
 }
 

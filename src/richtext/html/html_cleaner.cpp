@@ -33,10 +33,6 @@ constexpr int kMaxItemsWhereMany = 50;
 // scripts, too.
 constexpr char kKeepBlanks[] = "<body style=\"white-space:pre-wrap\">";
 
-bool IsBlank(const QString& text) {
-  return std::all_of(text.begin(), text.end(), [](QChar one) { return QStringView(u" \t\r\n\f").contains(one); });
-}
-
 class Cleaner {
  public:
   explicit Cleaner(double basePoints) { m_style.basePoints = m_style.points = basePoints; }
@@ -105,7 +101,7 @@ class Cleaner {
     QString characters = DecodeEntities(text, EntityPlace::Text);
     if (m_skipsLineEnd && characters.startsWith(u'\n')) characters.remove(0, 1);
     m_skipsLineEnd = false;
-    if (!IsBlank(characters)) {
+    if (!std::all_of(characters.cbegin(), characters.cend(), IsHtmlBlank)) {
       SupplyBody();
       m_output.More();
     } else if (IsBetweenCells(m_open)) {

@@ -10,10 +10,6 @@ namespace {
 constexpr int kMaxPlainParagraphs = 50'000;
 constexpr int kLinesInParagraph = 50;
 
-bool IsBlank(QChar character) {
-  return QStringView(u" \t\r\n\f").contains(character);
-}
-
 }  // namespace
 
 void HtmlLines::Write(const QString& html) {
@@ -26,7 +22,7 @@ void HtmlLines::Text(const QString& text, TextStyle::Blanks blanks) {
   for (qsizetype at = 0; at < text.size();) {
     qsizetype end = at;
     bool hasLineEnd = false;
-    for (; end < text.size() && IsBlank(text[end]); ++end) hasLineEnd = hasLineEnd || text[end] == u'\n';
+    for (; end < text.size() && IsHtmlBlank(text[end]); ++end) hasLineEnd = hasLineEnd || text[end] == u'\n';
     if (end > at) {
       if (hasLineEnd && blanks == TextStyle::Blanks::KeepLines) {
         DropBlank();
@@ -36,7 +32,7 @@ void HtmlLines::Text(const QString& text, TextStyle::Blanks blanks) {
         Blank();
       }
     }
-    for (at = end; end < text.size() && !IsBlank(text[end]); ++end) continue;
+    for (at = end; end < text.size() && !IsHtmlBlank(text[end]); ++end) continue;
     if (end == at) continue;
     Content();
     m_html += EscapeText(text.mid(at, end - at));

@@ -7,6 +7,10 @@
 
 namespace snipdeck {
 
+/// Whether HTML takes a character for one of the blanks that may show nothing. Hard spaces and those of other scripts are
+/// text.
+inline bool IsHtmlBlank(QChar one) { return QStringView(u" \t\r\n\f").contains(one); }
+
 /// HTML as it is written, which knows what its last line holds: blanks and line breaks that show nothing are left out,
 /// and an empty paragraph says that it is one. Qt's importer puts what follows the end of a block into the last line of
 /// that block, unless it is in a block of its own; so loose text gets one. A depth is the number of elements that are

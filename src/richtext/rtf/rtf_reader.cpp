@@ -2,7 +2,7 @@
 
 #include <QTextDocument>
 
-#include "richtext/format_properties.h"
+#include "richtext/document_page.h"
 #include "richtext/format_spread.h"
 #include "richtext/html/html_reader.h"
 #include "richtext/rtf/rtf_html.h"
@@ -19,14 +19,6 @@ QByteArrayView FromFirstGroup(QByteArrayView bytes) {
   return begin < 0 ? QByteArrayView() : bytes.sliced(begin);
 }
 
-void StoreHeaders(RtfNotes& notes, QTextFrameFormat& page) {
-  const auto set = [&](FormatProperty property, const QString& text) {
-    if (!text.trimmed().isEmpty()) page.setProperty(property, text.trimmed());
-  };
-  set(kHeaderText, notes.HeaderText());
-  set(kFooterText, notes.FooterText());
-}
-
 RtfContents ReadAsText(QByteArrayView rtf, ReadFor purpose, const std::function<bool(double part)>& progress) {
   RtfContents contents;
   FlowText& text = contents.text;
@@ -38,7 +30,7 @@ RtfContents ReadAsText(QByteArrayView rtf, ReadFor purpose, const std::function<
   SpreadFormats(text.formats);
   text.pictures = parser.Pictures().Take();
   parser.Page().Store(text.page);
-  StoreHeaders(parser.Notes(), text.page);
+  SetPageTexts(text.page, {parser.Notes().HeaderText().trimmed(), parser.Notes().FooterText().trimmed()});
   contents.warnings = parser.Warnings().List();
   return contents;
 }
